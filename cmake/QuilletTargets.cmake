@@ -1,0 +1,129 @@
+# How this project's targets are made. Includes start at the repository root everywhere.
+#
+#   quillet_library(<target> SOURCES ... [PUBLIC <libs>...] [PRIVATE <libs>...])
+#       static library
+#   quillet_schema(<RELEASE> SOURCES ...)
+#       generated classes of one schema release: static library quillet_schema_<RELEASE>
+#   quillet_executable(<target> SOURCES ... [PRIVATE <libs>...])
+#   quillet_test(<target> SOURCES ... [PRIVATE <libs>...] [LABELS unit|golden|slow...])
+#       GoogleTest program; each TEST becomes a test of ctest. Its sources see QUILLET_SOURCE_DIR
+#       and QUILLET_SHARED_DIR as string literals. The default label is "unit"; "slow" raises the
+#       time limit of a test from one minute to ten.
+#   quillet_fuzzer(<name>_fuzzer SOURCES ... [PRIVATE <libs>...])
+#       defines LLVMFuzzerTestOneInput. libFuzzer drives it in a build with QUILLET_FUZZ. In all
+#       others fuzz/replay_main.cpp does, which runs the files of the folders that it is given, and
+#       a test of ctest runs those in fuzz/corpus/<name>.
+
+include(CheckLinkerFlag)
+include(GoogleTest)
+
+option(QUILLET_FUZZ "Link the fuzz targets with libFuzzer (clang)" OFF)
+
+# How programs name the files of the building machine: wine shows its root as drive Z:.
+set(_quillet_root "")
+if(CMAKE_CROSSCOMPILING AND WIN32)
+    set(_quillet_root "Z:")
+endif()
+
+add_library(quillet_options INTERFACE)
+target_compile_options(
+    quillet_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
+                              -Werror)
+if(WIN32)
+    target_compile_definitions(quillet_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
+endif()
+
+# The generated classes bring some hundred thousand relocations (tables of classes and virtual
+# functions): packed they take a fiftieth of the space. A loader from 2022 on is needed.
+add_library(quillet_executable_options INTERFACE)
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    target_link_options(quillet_executable_options INTERFACE LINKER:--gc-sections)
+    check_linker_flag(CXX LINKER:-z,pack-relative-relocs QUILLET_HAS_PACKED_RELOCATIONS)
+    if(QUILLET_HAS_PACKED_RELOCATIONS)
+        target_link_options(quillet_executable_options INTERFACE LINKER:-z,pack-relative-relocs)
+    endif()
+endif()
+
+function(_quillet_common target)
+    target_link_libraries(${target} PRIVATE quillet_options)
+    target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}")
+    set_target_properties(
+        ${target} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
+                             VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
+# Stops at a misspelt or forgotten keyword: cmake_parse_arguments itself is silent.
+macro(_quillet_arguments)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC;PRIVATE;LABELS")
+    if(arg_UNPARSED_ARGUMENTS OR NOT arg_SOURCES)
+        message(FATAL_ERROR "${target}: needs SOURCES; not understood: ${arg_UNPARSED_ARGUMENTS}")
+    endif()
+endmacro()
+
+function(quillet_library target)
+    _quillet_arguments()
+    add_library(${target} STATIC ${arg_SOURCES})
+    _quillet_common(${target})
+    target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+endfunction()
+
+function(quillet_schema release)
+    set(target quillet_schema_${release})
+    _quillet_arguments()
+    add_library(${target} STATIC ${arg_SOURCES})
+    _quillet_common(${target})
+    target_link_libraries(${target} PUBLIC quillet_ifc_model)
+    # Reads no faster with more optimisation, and compiles in half the time. Sections let the linker
+    # drop what no release table names. These flags come last and so win.
+    target_compile_options(${target} PRIVATE -O1 -ffunction-sections -fdata-sections
+                                             $<$<CONFIG:Debug,RelWithDebInfo>:-g1>)
+endfunction()
+
+function(quillet_executable target)
+    _quillet_arguments()
+    add_executable(${target} ${arg_SOURCES})
+    _quillet_common(${target})
+    target_link_libraries(${target} PRIVATE quillet_executable_options ${arg_PRIVATE})
+endfunction()
+
+function(quillet_test target)
+    _quillet_arguments()
+    quillet_executable(${target} SOURCES ${arg_SOURCES} PRIVATE ${arg_PRIVATE} GTest::gmock_main)
+    cmake_path(ABSOLUTE_PATH QUILLET_SHARED_DIR NORMALIZE OUTPUT_VARIABLE shared)
+    target_compile_definitions(
+        ${target} PRIVATE QUILLET_SOURCE_DIR="${_quillet_root}${PROJECT_SOURCE_DIR}"
+                          QUILLET_SHARED_DIR="${_quillet_root}${shared}")
+    set(labels ${arg_LABELS})
+    if(NOT labels)
+        set(labels unit)
+    endif()
+    set(timeout 60)
+    if("slow" IN_LIST labels)
+        set(timeout 600)
+    endif()
+    gtest_discover_tests(
+        ${target} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT ${timeout})
+    # Read by ctest after the discovery; gtest_discover_tests itself cannot pass a list as property.
+    set(labels_file "${CMAKE_CURRENT_BINARY_DIR}/${target}_labels.cmake")
+    file(WRITE "${labels_file}"
+         "if(${target}_TESTS)\n"
+         "  set_tests_properties(\${${target}_TESTS} PROPERTIES LABELS \"${labels}\")\n"
+         "endif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${labels_file}")
+endfunction()
+
+function(quillet_fuzzer target)
+    _quillet_arguments()
+    if(QUILLET_FUZZ)
+        quillet_executable(${target} SOURCES ${arg_SOURCES} PRIVATE ${arg_PRIVATE})
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+        return()
+    endif()
+    set(replay_main "${PROJECT_SOURCE_DIR}/fuzz/replay_main.cpp")
+    quillet_executable(${target} SOURCES ${arg_SOURCES} "${replay_main}" PRIVATE ${arg_PRIVATE})
+    string(REGEX REPLACE "_fuzzer$" "" name ${target})
+    add_test(NAME fuzz_corpus.${name}
+             COMMAND ${target} "${_quillet_root}${PROJECT_SOURCE_DIR}/fuzz/corpus/${name}")
+    set_tests_properties(fuzz_corpus.${name} PROPERTIES TIMEOUT 120 LABELS fuzz)
+endfunction()

@@ -1,0 +1,158 @@
+#include "edits/apply_edits.h"
+
+#include <algorithm>
+
+#include "edits/apply_texts.h"
+#include "ifc/io/token.h"
+#include "ifc/model/model.h"
+#include "ifc/model/property_operations.h"
+#include "ifc/model/property_queries.h"
+
+namespace IFC {
+
+namespace {
+
+class Application {
+public:
+    Application(Model& model, const ErrorCallback& errors)
+        : model_(model), errors_(errors), operations_(model, errors) {}
+
+    void applyTo(std::int32_t number, const ObjectEdits& edits);
+    ApplyResult finish();
+
+private:
+    IfcEntity* findObject(std::int32_t number, const ObjectEdits& edits);
+    IfcEntity* findSet(const IfcPropertySet& record);
+    void addSet(std::int32_t number, const IfcPropertySet& record);
+    bool editSet(IfcEntity* object, const IfcPropertySet& record);
+    bool deleteSet(IfcEntity* object, const IfcPropertySet& record);
+    void count(bool done) { ++(done ? result_.applied : result_.failed); }
+
+    Model& model_;
+    const ErrorCallback& errors_;
+    PropertyOperations operations_;
+    std::vector<std::u16string> emptySets_;
+    ApplyResult result_;
+};
+
+void Application::applyTo(std::int32_t number, const ObjectEdits& edits) {
+    IfcEntity* object = findObject(number, edits);
+    if (!object) {
+        result_.failed += edits.newSets.size() + edits.editedSets.size() + edits.deletedSets.size();
+        return;
+    }
+    for (const auto& record : edits.newSets)
+        addSet(number, *record);
+    for (const auto& record : edits.editedSets)
+        count(editSet(object, *record));
+    for (const auto& record : edits.deletedSets)
+        count(deleteSet(object, *record));
+}
+
+/// Null, and a report, also when the number names another object than the one that was edited.
+IfcEntity* Application::findObject(std::int32_t number, const ObjectEdits& edits) {
+    const std::u16string begin =
+        std::u16string(texts::kObjectWithNumber) + widened(std::to_string(number));
+    IfcEntity* object = model_.find(number);
+    if (!object) {
+        report(errors_, "", begin + std::u16string(texts::kObjectNotFound));
+        return nullptr;
+    }
+    if (!edits.objectGuid.empty() && guidOf(object) != edits.objectGuid) {
+        report(errors_, "", begin + std::u16string(texts::kObjectHasOtherGuid) + edits.objectGuid);
+        return nullptr;
+    }
+    return object;
+}
+
+IfcEntity* Application::findSet(const IfcPropertySet& record) {
+    IfcEntity* set = operations_.FindPropertySetByGuid(record.SetIdentifier);
+    if (!set)
+        report(errors_, "",
+               std::u16string(texts::kPropertySetGuid) + record.SetIdentifier +
+                   std::u16string(texts::kSetNotFound));
+    return set;
+}
+
+void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
+    std::vector<IfcProperty> properties;
+    for (const auto& [name, property] : record.properties) {
+        if (property.state != kPropertyDeleted)
+            properties.push_back(property);
+    }
+    if (properties.empty())
+        emptySets_.push_back(record.name);
+    else
+        count(operations_.addPropertySet(number, record.SetIdentifier, record.name, properties));
+}
+
+/// Additions come before deletions, so that a set that ends with other properties than it had is
+/// not removed between them.
+bool Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
+    IfcEntity* shared = findSet(record);
+    if (!shared)
+        return false;
+    const bool renamed = !record.name.empty() && nameOf(shared) != record.name;
+    const bool touched =
+        std::any_of(record.properties.begin(), record.properties.end(),
+                    [](const auto& entry) { return entry.second.state != kPropertyUnchanged; });
+    if (!renamed && !touched)
+        return true;
+    IfcEntity* set = operations_.setForObject(shared, object);
+    if (!set)
+        return false;
+    if (renamed)
+        operations_.renameSet(set, record.name);
+    bool done = true;
+    for (const std::int32_t state : {kPropertyEdited, kPropertyAdded, kPropertyDeleted}) {
+        for (const auto& [name, property] : record.properties) {
+            if (property.state != state)
+                continue;
+            switch (state) {
+                case kPropertyEdited: done &= operations_.editMember(set, property); break;
+                case kPropertyAdded: done &= operations_.addMember(set, object, property); break;
+                default: done &= operations_.DeletePropertyInModel(set, property); break;
+            }
+        }
+    }
+    return done;
+}
+
+bool Application::deleteSet(IfcEntity* object, const IfcPropertySet& record) {
+    IfcEntity* set = findSet(record);
+    if (!set)
+        return false;
+    operations_.deleteSet(set, object);
+    const auto users = set->referencing();
+    const bool stillUsed = std::any_of(users.begin(), users.end(), [&](IfcEntity* user) {
+        if (user->isDeleted())
+            return false;
+        const std::vector<IfcEntity*> objects = objectsOf(user);
+        return user == object || std::find(objects.begin(), objects.end(), object) != objects.end();
+    });
+    if (stillUsed)
+        report(errors_, "", std::u16string(texts::kSetStillUsed) + record.SetIdentifier);
+    return !stillUsed;
+}
+
+ApplyResult Application::finish() {
+    if (!emptySets_.empty()) {
+        std::u16string text(texts::kEmptySets);
+        for (std::size_t index = 0; index < emptySets_.size(); ++index)
+            text += (index == 0 ? u"" : u", ") + emptySets_[index];
+        report(errors_, "", text);
+        result_.failed += emptySets_.size();
+    }
+    return result_;
+}
+
+}  // namespace
+
+ApplyResult applyEdits(Model& model, const FileEdits& edits, const ErrorCallback& errors) {
+    Application application(model, errors);
+    for (const auto& [number, objectEdits] : edits.objects)
+        application.applyTo(number, objectEdits);
+    return application.finish();
+}
+
+}  // namespace IFC

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "ifc/io/error_callback.h"
+#include "ifc/io/token.h"
+
+namespace FileStream {
+class OutpoutStream;
+}
+
+namespace IFC {
+
+class Model;
+
+/// Writes a model as an exchange file (ISO 10303-21): the header, then one instance per line in the model's order.
+class ModelWriter {
+public:
+    /// @return false to stop. percent: 0 to 100 of the instances.
+    using Progress = std::function<bool(int percent, int remainder)>;
+
+    explicit ModelWriter(ErrorCallback errors, Progress progress = {});
+
+    /// Writes to `path`: ".ifc" plain, ".ifczip" zipped. The file appears there when it is complete; until then, and when
+    /// writing fails or is stopped, what was there before stays as it was.
+    /// The lists of the model's header are consumed; the header has to be filled again before a second write.
+    /// @return whether the file was written.
+    bool write(Model& model, const std::u16string& path);
+
+    /// The instance being written, for reports; 0 otherwise.
+    std::int32_t instance() const { return instance_; }
+
+private:
+    bool writeModel(Model& model, FileStream::OutpoutStream& out);
+    void writeHeader(Model& model, FileStream::OutpoutStream& out);
+    bool writeInstances(Model& model, FileStream::OutpoutStream& out);
+
+    ErrorCallback errors_;
+    Progress progress_;
+    std::int32_t instance_ = 0;
+};
+
+}  // namespace IFC

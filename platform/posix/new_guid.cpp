@@ -1,0 +1,17 @@
+#include "platform/new_guid.h"
+
+#include <sys/random.h>
+
+namespace platform {
+
+std::optional<GuidBytes> newGuid() {
+    GuidBytes bytes;
+    // Up to 256 bytes come as a whole or not at all.
+    if (::getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size()))
+        return std::nullopt;
+    bytes[6] = static_cast<std::uint8_t>((bytes[6] & 0x0F) | 0x40);  // version 4: random
+    bytes[8] = static_cast<std::uint8_t>((bytes[8] & 0x3F) | 0x80);  // variant of RFC 4122
+    return bytes;
+}
+
+}  // namespace platform
