@@ -1,6 +1,8 @@
 #include "edits/apply_edits.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 #include "edits/apply_texts.h"
 #include "ifc/io/token.h"
@@ -86,16 +88,17 @@ void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
         count(operations_.addPropertySet(number, record.SetIdentifier, record.name, properties));
 }
 
-/// Additions come before deletions, so that a set that ends with other properties than it had is
-/// not removed between them.
+/// Members are found by their names in the file before any of them is renamed, and additions come before deletions, so that
+/// a set that ends with other properties than it had is not removed between them.
 bool Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
     IfcEntity* shared = findSet(record);
     if (!shared)
         return false;
     const bool renamed = !record.name.empty() && nameOf(shared) != record.name;
-    const bool touched =
-        std::any_of(record.properties.begin(), record.properties.end(),
-                    [](const auto& entry) { return entry.second.state != kPropertyUnchanged; });
+    const bool touched = std::any_of(record.properties.begin(), record.properties.end(),
+                                     [](const auto& entry) {
+                                         return entry.second.state != kPropertyUnchanged;
+                                     });
     if (!renamed && !touched)
         return true;
     IfcEntity* set = operations_.setForObject(shared, object);
@@ -104,16 +107,26 @@ bool Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
     if (renamed)
         operations_.renameSet(set, record.name);
     bool done = true;
-    for (const std::int32_t state : {kPropertyEdited, kPropertyAdded, kPropertyDeleted}) {
-        for (const auto& [name, property] : record.properties) {
-            if (property.state != state)
-                continue;
-            switch (state) {
-                case kPropertyEdited: done &= operations_.editMember(set, property); break;
-                case kPropertyAdded: done &= operations_.addMember(set, object, property); break;
-                default: done &= operations_.DeletePropertyInModel(set, property); break;
-            }
-        }
+    std::vector<std::pair<const IfcProperty*, IfcEntity*>> known;
+    for (const auto& [name, property] : record.properties) {
+        if (property.state != kPropertyEdited && property.state != kPropertyDeleted)
+            continue;
+        if (IfcEntity* member = operations_.findRecorded(set, property))
+            known.emplace_back(&property, member);
+        else
+            done = false;
+    }
+    for (const auto& [property, member] : known) {
+        if (property->state == kPropertyEdited)
+            done &= operations_.editMember(set, object, member, *property);
+    }
+    for (const auto& [name, property] : record.properties) {
+        if (property.state == kPropertyAdded)
+            done &= operations_.addMember(set, object, property);
+    }
+    for (const auto& [property, member] : known) {
+        if (property->state == kPropertyDeleted)
+            operations_.deleteMember(set, member);
     }
     return done;
 }

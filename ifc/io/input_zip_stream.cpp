@@ -32,6 +32,37 @@ std::string currentEntryName(unzFile archive) {
     return name;
 }
 
+constexpr std::uint64_t kInExtraField = 0xFFFFFFFF;  // in place of a size
+
+/// The sizes of an entry that keeps them in its extra field with the id 1, each as 8 bytes, least significant first (APPNOTE
+/// 4.5.3). The zip library, version 1.1, overlooks them on 64-bit Linux.
+void readZip64Sizes(unzFile archive, unz_file_info64& info) {
+    std::string extra(info.size_file_extra, '\0');
+    if (unzGetCurrentFileInfo64(archive, nullptr, nullptr, 0, extra.data(), info.size_file_extra,
+                                nullptr, 0) != UNZ_OK)
+        return;
+    const auto number = [&](std::size_t at, std::size_t bytes) {
+        std::uint64_t value = 0;
+        while (bytes-- > 0)
+            value = value << 8 | static_cast<unsigned char>(extra[at + bytes]);
+        return value;
+    };
+    for (std::size_t at = 0; at + 4 <= extra.size();) {
+        const std::uint64_t id = number(at, 2);
+        const std::size_t end = std::min<std::size_t>(at + 4 + number(at + 2, 2), extra.size());
+        at += 4;
+        if (id == 1) {
+            for (ZPOS64_T* size : {&info.uncompressed_size, &info.compressed_size}) {
+                if (*size == kInExtraField && at + 8 <= end) {
+                    *size = number(at, 8);
+                    at += 8;
+                }
+            }
+        }
+        at = end;
+    }
+}
+
 }  // namespace
 
 InputZipFileStream::InputZipFileStream(std::u16string path, ErrorCallback errors,
@@ -94,15 +125,21 @@ bool InputZipFileStream::openEntry() {
         report(errors_, "", texts::kCouldNotOpenFirstFile);
         return false;
     }
+    zip64_ = info.uncompressed_size == kInExtraField || info.compressed_size == kInExtraField;
+    if (zip64_)
+        readZip64Sizes(archive_, info);
     entrySize_ = info.uncompressed_size;
     entryCompressedSize_ = info.compressed_size;
+    expectedCrc_ = static_cast<std::uint32_t>(info.crc);
+    crc_ = 0;
     return true;
 }
 
 void InputZipFileStream::closeEntry() {
     if (!std::exchange(entryOpen_, false))
         return;
-    const bool damaged = unzCloseCurrentFile(archive_) != UNZ_OK || fetched_ != entrySize_;
+    const bool damaged = unzCloseCurrentFile(archive_) != UNZ_OK || fetched_ != entrySize_ ||
+                         (zip64_ && crc_ != expectedCrc_);
     if (damaged && endReached_)
         failReading(texts::kCouldNotReadZip);
 }
@@ -169,11 +206,17 @@ void InputZipFileStream::fetchBlock() {
     char* const block = blocks_[blockIndex_].get();
     // The zip library takes and returns lengths as int.
     const std::size_t largest = std::numeric_limits<int>::max() - 1;
+    std::uint64_t wanted = bufferSize_;
+    if (zip64_)  // whose end the zip library does not know
+        wanted = std::min(wanted, entrySize_ - std::min(fetched_, entrySize_));
     int count = 0;
     if (block && bufferSize_ <= largest)
-        count = unzReadCurrentFile(archive_, block, static_cast<unsigned>(bufferSize_));
+        count = unzReadCurrentFile(archive_, block, static_cast<unsigned>(wanted));
     if (count < 0)
         failReading(texts::kCouldNotReadZip);
+    else if (zip64_)
+        crc_ = static_cast<std::uint32_t>(
+            crc32(crc_, reinterpret_cast<const Bytef*>(block), static_cast<uInt>(count)));
     showBlock(block, static_cast<std::size_t>(std::max(count, 0)));
     // The end is where the CRC can be checked: whoever reads on must learn that the bytes were
     // wrong.

@@ -16,7 +16,8 @@ class InputZipFileStream final : public InputStream {
 public:
     /// Opens archive and entry; trouble is reported and leaves the stream closed. `errors` may be
     /// empty. Entries that are encrypted, or compressed in another way than deflate, cannot be
-    /// opened.
+    /// opened. Versions of the zip library that do not know entries of 4 GB and more (1.1 on 64-bit
+    /// Linux) end there; like every entry that is not read whole, that is reported.
     InputZipFileStream(std::u16string path, ErrorCallback errors, std::size_t bufferSizeBytes);
 
     /// 0 when not open.
@@ -49,6 +50,9 @@ private:
     bool entryOpen_ = false;
     std::uint64_t entrySize_ = 0;
     std::uint64_t entryCompressedSize_ = 0;
+    bool zip64_ = false;  // the sizes stand where the zip library did not find them, so it cannot check the CRC
+    std::uint32_t expectedCrc_ = 0;
+    std::uint32_t crc_ = 0;  // of what was read, for zip64_
     std::uint32_t blockIndex_ = 1;  // of the current block; the first refill switches to block 0
     std::array<std::unique_ptr<char[]>, 2> blocks_;  // used alternately
 };

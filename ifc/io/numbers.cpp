@@ -39,6 +39,7 @@ char* formatShortReal(char* out, double value) {
     // A correctly rounded quotient of exact numbers: equal to the value only if the decimals name
     // it. Texts of up to 15 digits name different doubles, so without the zeros at its end this one
     // is the shortest. One division for all numbers of decimals is faster than trying each.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): what is rounded wrong is not equal to the value
     const auto millionths = static_cast<std::uint64_t>(size * 1e6 + 0.5);
     if (static_cast<double>(millionths) / 1e6 != size)
         return nullptr;

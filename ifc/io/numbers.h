@@ -18,8 +18,8 @@ inline constexpr std::size_t kRealTextBytes = 32;
 /// @return the end of the text, which is not zero-terminated.
 char* formatReal(char* out, double value);
 
-/// Whether a number that from_chars called out of range is too large for a double, and not too small.
-/// number: its text as from_chars matched it.
+/// Whether a number that from_chars called out of range is too large for a double, and not too
+/// small. number: its text as from_chars matched it.
 bool isTooLarge(std::string_view number);
 
 /// The number that `text` is, with a decimal point, blanks around it and a sign allowed; empty when

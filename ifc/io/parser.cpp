@@ -87,6 +87,11 @@ private:
     std::vector<Entry> entries_{std::size_t{1} << kSlotBits};
 };
 
+/// Whether the input ended before the record did.
+bool atEndOfFile(const Tokenizer& tokenizer) {
+    return tokenizer.pending() && tokenizer.pending()->kind == TokenKind::EndOfFile;
+}
+
 /// Removes the temporary copy whatever happens.
 struct TemporaryFile {
     std::u16string path = platform::createTemporaryFile(texts::kTemporarySuffix);
@@ -164,6 +169,7 @@ private:
     void surplusArgument(const char16_t* found) override;
     void unknownEnumerationValue(std::string_view enumeration, std::string_view value) override;
     void numberOutOfRange() override { reportHere(texts::kNumberOutOfRange); }
+    void malformedNumber() override { reportHere(texts::kMalformedNumber); }
     void missingReference(std::int64_t number) override;
     bool wasLeftOut(std::int64_t number) const override { return leftOut_.contains(number); }
     void wrongReference(const IfcEntity& target, const ClassInfo& declared) override;
@@ -383,7 +389,9 @@ bool ModelParser::Reading::firstPass(Tokenizer& tokenizer, FileStream::OutpoutFi
                 if (model_.header.schemaIdentifier.empty())
                     model_.header = static_cast<const HeaderToken*>(token)->fields;
                 break;
-            case TokenKind::EndIso: sawEndIso_ = true; break;
+            case TokenKind::EndIso:
+                sawEndIso_ = static_cast<const EndIsoToken*>(token)->text.starts_with(texts::kEndIso);
+                break;
             case TokenKind::Identifier: {
                 const auto& name = *static_cast<const IdentifierToken*>(token);
                 instance_ = name.exact;
@@ -471,7 +479,8 @@ void ModelParser::Reading::readInstance(Tokenizer& tokenizer, AttributeReader& r
         const std::string statement = tokenizer.stream()->statementText();
         copy.append("#" + std::to_string(number));
         copy.append(std::string_view(statement).substr(recordBegin_));
-        copy.append(";\n");
+        if (!atEndOfFile(tokenizer))  // inside a string, this would become a part of it
+            copy.append(";\n");
         copiedLines_.push_back(line);
     }
     finishStatement(tokenizer);
@@ -479,18 +488,19 @@ void ModelParser::Reading::readInstance(Tokenizer& tokenizer, AttributeReader& r
 }
 
 void ModelParser::Reading::reportUnclosed(const Tokenizer& tokenizer) {
-    const bool atEnd = tokenizer.pending() && tokenizer.pending()->kind == TokenKind::EndOfFile;
-    reportHere(std::u16string(atEnd ? texts::kUnexpectedEnd : texts::kStatementNotClosed) +
+    reportHere(std::u16string(atEndOfFile(tokenizer) ? texts::kUnexpectedEnd
+                                                     : texts::kStatementNotClosed) +
                decimal(instance_));
 }
 
 /// Keeps what the record of `owner`, just read, had beyond its class's attributes.
 void ModelParser::Reading::keepShape(const Tokenizer& tokenizer, const AttributeReader& reader) {
     const std::uint64_t starred = reader.starredAttributes() & ~owner->classInfo().derived;
+    const AttributeReader::TextRange surplus = reader.surplusArguments();
     // A record without any arguments is written with all of them: without any it could not be read again.
     const bool shorter = reader.attributesFound() > 0 &&
                          reader.attributesFound() < reader.attributesAsked();
-    if (!shorter && !reader.hadSurplusArguments() && reader.damagedAttributes().empty() &&
+    if (!shorter && surplus.begin == surplus.end && reader.damagedAttributes().empty() &&
         starred == 0) [[likely]]
         return;
     RecordShape shape;
@@ -501,16 +511,16 @@ void ModelParser::Reading::keepShape(const Tokenizer& tokenizer, const Attribute
             shape.raw.emplace(place, "*");
     }
     const FileStream::InputStream& stream = *tokenizer.stream();
-    const std::string statement = stream.statementTruncated() ? "" : stream.statementText();
-    const std::vector<std::string_view> arguments =
-        recordArguments(std::string_view(statement).substr(std::min(recordBegin_, statement.size())));
-    for (const std::uint32_t place : reader.damagedAttributes()) {
-        if (place < arguments.size())
-            shape.raw.emplace(place, arguments[place]);
-    }
-    if (reader.hadSurplusArguments() && arguments.size() > reader.attributesAsked()) {
-        const char* const begin = arguments[reader.attributesAsked()].data();
-        shape.surplus.assign(begin, arguments.back().data() + arguments.back().size());
+    if (!stream.statementTruncated()) {
+        const std::string statement = stream.statementText();
+        const auto textOf = [&](const AttributeReader::TextRange& range, std::size_t commas) {
+            return std::string(argumentText(
+                std::string_view(statement).substr(range.begin, range.end - range.begin), commas));
+        };
+        for (const AttributeReader::DamagedAttribute& damaged : reader.damagedAttributes())
+            shape.raw.emplace(damaged.place, textOf(damaged.text, std::string::npos));
+        if (surplus.begin != surplus.end)
+            shape.surplus = textOf(surplus, reader.surplusCommas());
     }
     model_.keepShape(owner, std::move(shape));
 }

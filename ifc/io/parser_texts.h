@@ -32,6 +32,7 @@ inline constexpr std::u16string_view kDoesNotContain = u" does not contain: \"";
 inline constexpr std::u16string_view kSurplusArgument =
     u"More arguments than the entity has attributes. Got: ";
 inline constexpr std::u16string_view kNumberOutOfRange = u"Number out of range.\n";
+inline constexpr std::u16string_view kMalformedNumber = u"Malformed number.\n";
 inline constexpr std::u16string_view kInstanceNumberOutOfRange =
     u"Instance number out of range: #";
 inline constexpr std::u16string_view kReferenceNotFound = u"Reference to an entity that does not exist: #";
@@ -39,6 +40,8 @@ inline constexpr std::u16string_view kReferenceOfWrongClass = u"Wrong reference.
 inline constexpr std::u16string_view kUnexpectedEnd = u"Unexpected end of file in entity: #";
 inline constexpr std::u16string_view kStatementNotClosed =
     u"Statement ended before its closing bracket in entity: #";
+/// How the last statement begins; in a file that is cut it does not.
+inline constexpr std::string_view kEndIso = "END-ISO-10303-21";
 inline constexpr std::u16string_view kNoEndOfFile = u"The file ends without END-ISO-10303-21.";
 inline constexpr std::u16string_view kParsingFile = u"Parsing file...";
 inline constexpr std::u16string_view kReadingFirstPart = u"Reading first part of file...";

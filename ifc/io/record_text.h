@@ -1,13 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
-#include <vector>
 
 namespace IFC {
 
-/// The arguments of a record as they stand in the file, blanks and comments around them included. A record that is cut
-/// gives those that are complete.
-/// record: STEP text from the instance number on, at least up to the closing bracket; the views point into it.
-std::vector<std::string_view> recordArguments(std::string_view record);
+/// STEP text from the end of one argument on, without the blanks and comments at its begin, the commas among these, of
+/// which `commas` at most are taken off, and the blanks at its end.
+std::string_view argumentText(std::string_view text, std::size_t commas);
 
 }  // namespace IFC

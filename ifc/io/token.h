@@ -95,12 +95,13 @@ public:
 
 class RealDataTypeToken final : public Token {
 public:
-    RealDataTypeToken(double realValue, bool isOverflow)
-        : Token(TokenKind::Real), value(realValue), overflow(isOverflow) {}
+    RealDataTypeToken(double realValue, bool isOverflow, bool isMalformed)
+        : Token(TokenKind::Real), value(realValue), overflow(isOverflow), malformed(isMalformed) {}
     const char16_t* typeName() const override;
 
-    double value;   ///< the largest finite number, signed, when overflow is set
-    bool overflow;  ///< the digits exceed what a double holds
+    double value;    ///< the largest finite number, signed, when overflow is set
+    bool overflow;   ///< the digits exceed what a double holds
+    bool malformed;  ///< something else follows the number, as in 1.#INF
 };
 
 /// Any keyword that is not one of the file's frame: IFCWALL. ASCII letters and digits, underscores removed.

@@ -79,16 +79,24 @@ constexpr int kCodePageBeforeA = 28526;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// The number at [begin, end), as far as it is one. Powers of ten up to 1e22 and mantissas up to 2^53 are exact doubles, so
+struct RealNumber {
+    double value = 0;
+    bool overflow = false;
+    bool malformed = false;
+};
+
+/// The number at [begin, end), as far as it is one; blanks may follow. Powers of ten up to 1e22 and mantissas up to 2^53 are exact doubles, so
 /// one multiplication or division gives the correctly rounded result (W. D. Clinger, How to Read Floating Point Numbers
 /// Accurately, 1990); all else goes through from_chars.
-double parseReal(const char* begin, const char* end, bool& overflow) {
+RealNumber parseReal(const char* begin, const char* end) {
     static constexpr std::array<double, 23> kPowersOfTen = {
         1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53;
 
-    overflow = false;
+    const auto onlyBlanksFrom = [end](const char* rest) {
+        return std::all_of(rest, end, [](char c) { return classOf(c) == ByteClass::Blank; });
+    };
     const char* next = begin;
     const bool negative = next != end && *next == '-';
     next += negative ? 1 : 0;
@@ -109,16 +117,17 @@ double parseReal(const char* begin, const char* end, bool& overflow) {
     if (!hasExponent && digitCount <= 19 && mantissa <= kLargestExact && scale <= 22) {
         const double value =
             static_cast<double>(mantissa) / kPowersOfTen[static_cast<std::size_t>(scale)];
-        return negative ? -value : value;
+        return {negative ? -value : value, false, digitCount == 0 || !onlyBlanksFrom(next)};
     }
     double value = 0;
     const auto [stop, error] = std::from_chars(begin, end, value);
+    bool overflow = false;
     if (error == std::errc::result_out_of_range) {
         overflow = IFC::isTooLarge({begin, static_cast<std::size_t>(stop - begin)});
         const double nearest = overflow ? std::numeric_limits<double>::max() : 0.0;
-        return negative ? -nearest : nearest;
+        value = negative ? -nearest : nearest;
     }
-    return error == std::errc() ? value : 0.0;
+    return {value, overflow, error == std::errc::invalid_argument || !onlyBlanksFrom(stop)};
 }
 
 /// The digits at [begin, end), with a sign, cut to 64 bits.
@@ -237,9 +246,11 @@ const Token* Tokenizer::scan() {
             takeByte();
         }
     }
+    separation_ = afterOpenBracket_ ? 1 : 0;
+    afterOpenBracket_ = false;
     while (true) {
         // Not when any ";" was consumed: one inside a number's text does not end the statement.
-        if (statementEnded_) {
+        if (statementEnded_ && headerTokensLeft_ == 0) {
             statementEnded_ = false;
             stream_->clearStatement();
         }
@@ -259,13 +270,17 @@ const Token* Tokenizer::scan() {
         switch (*here) {
             case ',':
                 ++parameterIndex_;
+                ++separation_;
                 stream_->advanceTo(here + 1);
                 continue;
             case '\'': return string();
             case '"': return binary();
             case '#': return instanceName();
             case '.': return enumeration();
-            case '(': stream_->advanceTo(here + 1); return &openBracket_;
+            case '(':
+                afterOpenBracket_ = true;
+                stream_->advanceTo(here + 1);
+                return &openBracket_;
             case ')': stream_->advanceTo(here + 1); return &closeBracket_;
             case '=': stream_->advanceTo(here + 1); return &equal_;
             case '$': stream_->advanceTo(here + 1); return &absent_;
@@ -331,7 +346,7 @@ const Token* Tokenizer::keyword() {
     if (text.size() > 3 && text.front() == 'I') [[likely]]  // IFC…
         return arena_.create<EntityNameToken>(text);
     if (text == "inf")
-        return arena_.create<RealDataTypeToken>(std::numeric_limits<double>::infinity(), false);
+        return arena_.create<RealDataTypeToken>(std::numeric_limits<double>::infinity(), false, false);
     if (text == "ISO" || text == "END") {
         std::string statement(text);
         appendUntil(';', statement);
@@ -390,9 +405,8 @@ const Token* Tokenizer::integerToken(const char* begin, const char* end) {
 
 const RealDataTypeToken* Tokenizer::realToken(const char* begin, const char* end) {
     const bool cut = end - begin > static_cast<std::ptrdiff_t>(kMaxNumberBytes);
-    bool overflow = false;
-    const double value = parseReal(begin, cut ? begin + kMaxNumberBytes : end, overflow);
-    return arena_.create<RealDataTypeToken>(value, overflow || cut);
+    const RealNumber number = parseReal(begin, cut ? begin + kMaxNumberBytes : end);
+    return arena_.create<RealDataTypeToken>(number.value, number.overflow || cut, number.malformed);
 }
 
 const Token* Tokenizer::number() {
@@ -408,14 +422,16 @@ const Token* Tokenizer::number() {
         return integerToken(begin, next);
     }
     // All up to the next "," or ")" belongs to the number; what follows its digits is ignored.
-    while (next != end && *next != ',' && *next != ')' && classOf(*next) != ByteClass::End)
+    while (next != end && *next != ',' && *next != ')' && *next != '/' &&
+           classOf(*next) != ByteClass::End)
         ++next;
-    if (next == end)
+    if (next == end || *next == '/')
         return numberAcrossWindows();
     stream_->advanceTo(next);
     return realToken(begin, next);
 }
 
+/// The same for a number that may reach beyond the window, or be followed by a comment.
 const Token* Tokenizer::numberAcrossWindows() {
     scratch_.clear();
     const auto take = [this] {
@@ -428,8 +444,14 @@ const Token* Tokenizer::numberAcrossWindows() {
         take();
     const bool real = peekByte() == '.';
     if (real) {
-        for (int byte = peekByte(); byte != ',' && byte != ')' && byte != kEnd; byte = peekByte())
+        for (int byte = peekByte(); byte != ',' && byte != ')' && byte != kEnd; byte = peekByte()) {
             take();
+            if (byte == '/' && peekByte() == '*') {  // a comment, which may hold commas
+                scratch_.back() = ' ';
+                takeByte();
+                skipComment();
+            }
+        }
     }
     const char* const begin = scratch_.data();
     return real ? realToken(begin, begin + scratch_.size())

@@ -43,6 +43,11 @@ public:
     /// Skips blanks and comments. @return whether the parameter ends here: before "," ")" ";" or the end of the input.
     bool atParameterEnd();
 
+    /// Commas between the last token of the input and the one before it; an opening bracket before it counts as one. So it
+    /// is 1 for each argument that is where it should be, 0 for what follows a value without a comma, and more behind
+    /// arguments that are empty.
+    unsigned separation() const { return separation_; }
+
     /// The byte that the last UnknownSignToken was made of.
     char lastUnknownSign() const { return lastUnknownSign_; }
 
@@ -102,6 +107,8 @@ private:
     bool failed_ = false;
     bool atStart_ = true;
     bool statementEnded_ = false;        // the last token was ";"
+    bool afterOpenBracket_ = false;      // the last token was "("
+    unsigned separation_ = 0;
     std::size_t headerTokensLeft_ = 0;   // inside the header section only
     char lastUnknownSign_ = 0;
     const Token* pending_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/files.h"
 
@@ -19,8 +20,14 @@ voidpf ZCALLBACK openArchive(voidpf, const void* path, int mode) {
     return platform::openFile(name, (mode & ZLIB_FILEFUNC_MODE_CREATE) != 0 ? "wb" : "r+b");
 }
 
+/// Behind the end of the file come zeros: of an entry whose length the zip library does not know it asks for whole blocks,
+/// and takes a shorter one for a fault.
 uLong ZCALLBACK readArchive(voidpf, voidpf stream, void* bytes, uLong count) {
-    return static_cast<uLong>(std::fread(bytes, 1, count, fileOf(stream)));
+    const std::size_t read = std::fread(bytes, 1, count, fileOf(stream));
+    if (std::ferror(fileOf(stream)) != 0)
+        return static_cast<uLong>(read);
+    std::memset(static_cast<char*>(bytes) + read, 0, count - read);
+    return count;
 }
 
 uLong ZCALLBACK writeArchive(voidpf, voidpf stream, const void* bytes, uLong count) {

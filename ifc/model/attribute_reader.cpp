@@ -18,6 +18,15 @@ const Derived& as(const Token& token) {
     return static_cast<const Derived&>(token);
 }
 
+constexpr std::size_t kOpenEnd = std::numeric_limits<std::size_t>::max();
+constexpr const char16_t* kAttributeValue = u"attribute value";
+
+/// Whether there can be no argument from `token` on.
+bool endsArguments(const Token& token) {
+    return token.kind == TokenKind::CloseBracket || token.kind == TokenKind::Semicolon ||
+           token.kind == TokenKind::EndOfFile;
+}
+
 /// Typed values and aggregates nest as deep as the schema says; a record that goes on is cut off here.
 constexpr unsigned kDeepestNesting = 16;
 
@@ -27,67 +36,151 @@ AttributeReader::AttributeReader(Tokenizer& tokenizer, ReadContext& context)
     : tokenizer_(tokenizer), context_(context) {}
 
 void AttributeReader::beginRecord() {
-    asked_ = found_ = attribute_ = 0;
-    ended_ = surplus_ = false;
+    asked_ = found_ = attribute_ = emptyArguments_ = 0;
+    ended_ = cut_ = false;
     starred_ = 0;
+    surplus_ = {};
     damaged_.clear();
 }
 
 bool AttributeReader::damage() {
-    if (!damaged_.empty() && damaged_.back() == attribute_)
+    if (!damaged_.empty() && damaged_.back().place == attribute_)
         return false;
-    damaged_.push_back(attribute_);
+    damaged_.push_back({attribute_, {attributeBegin_, kOpenEnd}});
     return !context_.bindingPass;
 }
 
-const Token* AttributeReader::first(Need need) {
-    if (depth_ == 0)
-        attribute_ = asked_;
-    ++asked_;
-    if (ended_)
+std::size_t AttributeReader::textPosition() const {
+    const std::size_t length = tokenizer_.stream()->statementLength();
+    const Token* waiting = tokenizer_.pending();
+    return waiting && waiting->kind != TokenKind::EndOfFile ? length - 1 : length;  // ")" or ";"
+}
+
+/// The first token behind the value that was read last. What follows that value without a comma belongs to it.
+const Token* AttributeReader::nextArgument() {
+    const Token* token = nullptr;
+    if (emptyArguments_ > 0) {
+        token = tokenizer_.nextToken();  // has been waiting
+    } else {
+        argumentBegin_ = textPosition();
+        tokenizer_.clearTokens();
+        token = tokenizer_.nextToken();
+        while (tokenizer_.separation() == 0 && !endsArguments(*token)) [[unlikely]] {
+            wrongArgument(u"CloseBracketToken", *token);
+            argumentBegin_ = textPosition();
+            tokenizer_.clearTokens();
+            token = tokenizer_.nextToken();
+        }
+    }
+    if (!damaged_.empty() && damaged_.back().text.end == kOpenEnd)
+        damaged_.back().text.end = argumentBegin_;
+    return token;
+}
+
+/// Whether there is nothing between the commas before `next` for the attribute that is due.
+bool AttributeReader::isEmptyArgument(const Token& next) const {
+    const unsigned separation = tokenizer_.separation();
+    if (!endsArguments(next))
+        return emptyArguments_ + 1 < separation;
+    // Behind the last comma there is one more; "()" has none.
+    const bool isFirst = asked_ == emptyArguments_;
+    return next.kind == TokenKind::CloseBracket && emptyArguments_ < separation &&
+           !(isFirst && separation == 1);
+}
+
+/// @return null when the record has no such argument, or an empty one.
+const Token* AttributeReader::firstOfAttribute() {
+    if (ended_) {
+        attribute_ = asked_++;
         return nullptr;
+    }
+    const Token* token = nextArgument();
+    const bool empty = isEmptyArgument(*token);
+    attribute_ = asked_++;
+    attributeBegin_ = argumentBegin_;
+    if (empty) [[unlikely]] {
+        ++found_;
+        ++emptyArguments_;
+        tokenizer_.setPending(token);
+        if (damage())
+            context_.wrongArgument(kAttributeValue, u"EmptyParameterToken");
+        damaged_.back().text = {};
+        return nullptr;
+    }
+    emptyArguments_ = 0;
+    if (endsArguments(*token)) {
+        tokenizer_.setPending(token);  // these outlive clearTokens()
+        ended_ = true;
+        return nullptr;
+    }
+    ++found_;
+    return token;
+}
+
+/// The next token of a list, or of what stands inside a typed value.
+const Token* AttributeReader::nextInValue() {
     tokenizer_.clearTokens();
     const Token* token = tokenizer_.nextToken();
-    switch (token->kind) {
-        case TokenKind::EmptyParameter:
-            ++found_;
-            if (as<EmptyParameterToken>(*token).derived) {
-                if (depth_ == 0 && attribute_ < 64)
-                    starred_ |= std::uint64_t{1} << attribute_;
-            } else if (need == Need::Mandatory && !context_.bindingPass) {
-                context_.wrongArgument(u"attribute value", token->typeName());
-            }
-            return nullptr;
-        case TokenKind::CloseBracket:
-        case TokenKind::Semicolon:
-        case TokenKind::EndOfFile:
-            tokenizer_.setPending(token);  // these outlive clearTokens()
-            ended_ = true;
-            return nullptr;
-        default: ++found_; return token;
+    return tokenizer_.separation() == 1 ? token : behindGap(token);
+}
+
+/// What stands before `token` is not one comma or an opening bracket.
+const Token* AttributeReader::behindGap(const Token* token) {
+    while (tokenizer_.separation() == 0 && !endsArguments(*token)) {
+        wrongArgument(u"CloseBracketToken", *token);
+        tokenizer_.clearTokens();
+        token = tokenizer_.nextToken();
     }
+    if (tokenizer_.separation() > 1 && damage())
+        context_.wrongArgument(kAttributeValue, u"EmptyParameterToken");
+    return token;
+}
+
+const Token* AttributeReader::first(Need need) {
+    const Token* token = depth_ == 0 ? firstOfAttribute() : nextInValue();
+    if (!token || (token->kind != TokenKind::EmptyParameter && !endsArguments(*token))) [[likely]]
+        return token;
+    if (endsArguments(*token)) {  // an empty typed value
+        tokenizer_.setPending(token);
+        return nullptr;
+    }
+    if (as<EmptyParameterToken>(*token).derived) {
+        if (depth_ > 0)
+            damage();  // only attributes can be derived
+        else if (attribute_ < 64)
+            starred_ |= std::uint64_t{1} << attribute_;
+    } else if (need == Need::Mandatory && !context_.bindingPass) {
+        context_.wrongArgument(kAttributeValue, token->typeName());
+    }
+    return nullptr;
 }
 
 bool AttributeReader::endRecord() {
-    tokenizer_.clearTokens();
-    const Token* token = tokenizer_.nextToken();
-    if (token->kind == TokenKind::CloseBracket)
-        return true;
-    if (token->kind != TokenKind::Semicolon && token->kind != TokenKind::EndOfFile) {
-        surplus_ = true;
+    const Token* token = nextArgument();
+    const bool surplus = !endsArguments(*token);
+    if (surplus) {
         if (!context_.bindingPass)
             context_.surplusArgument(token->typeName());
-        while (token->kind != TokenKind::CloseBracket && token->kind != TokenKind::Semicolon &&
-               token->kind != TokenKind::EndOfFile) {
+        surplus_.begin = argumentBegin_;
+        surplusCommas_ = emptyArguments_ + (asked_ > emptyArguments_ ? 1 : 0);
+        while (!endsArguments(*token)) {
             skipValue(*token);
             tokenizer_.clearTokens();
             token = tokenizer_.nextToken();
         }
-        if (token->kind == TokenKind::CloseBracket)
-            return true;
     }
-    tokenizer_.setPending(token);
-    return false;
+    const bool closed = token->kind == TokenKind::CloseBracket;
+    if (!closed)
+        tokenizer_.setPending(token);
+    if (surplus)
+        surplus_.end = textPosition() - (closed ? 1 : 0);
+    if (cut_ || token->kind == TokenKind::EndOfFile) {
+        if (surplus)
+            surplus_ = {};
+        else if (!damaged_.empty() && damaged_.back().place + 1 == found_)
+            damaged_.pop_back();
+    }
+    return closed;
 }
 
 void AttributeReader::wrongArgument(const char16_t* expected, const Token& found) {
@@ -104,6 +197,10 @@ void AttributeReader::skipValue(const Token& first) {
             case TokenKind::CloseBracket:
             case TokenKind::Semicolon:
             case TokenKind::EndOfFile: tokenizer_.setPending(token); return;
+            // These reach to the next ";", whatever brackets come before it.
+            case TokenKind::Iso:
+            case TokenKind::EndIso:
+            case TokenKind::Header: cut_ = true; break;
             default: break;
         }
         if (tokenizer_.atParameterEnd())
@@ -121,10 +218,16 @@ void AttributeReader::skipBrackets() {
             case TokenKind::OpenBracket: ++open; break;
             case TokenKind::CloseBracket: --open; break;
             case TokenKind::Semicolon:
-            case TokenKind::EndOfFile: tokenizer_.setPending(token); return;
+            case TokenKind::EndOfFile: giveBackEnd(token); return;
             default: break;
         }
     }
+}
+
+/// The end of the statement, met inside brackets.
+void AttributeReader::giveBackEnd(const Token* end) {
+    cut_ = true;
+    tokenizer_.setPending(end);
 }
 
 // Single values.
@@ -204,12 +307,15 @@ bool AttributeReader::readNumber(const Token& first, double& value) {
     } else if (token->kind != TokenKind::Real) {
         return false;
     }
+    bool malformed = false;
     if (token) {
-        value = as<RealDataTypeToken>(*token).value;
-        overflow = overflow || as<RealDataTypeToken>(*token).overflow;
+        const auto& real = as<RealDataTypeToken>(*token);
+        value = real.value;
+        overflow = overflow || real.overflow;
+        malformed = real.malformed;
     }
-    if (overflow && damage())
-        context_.numberOutOfRange();
+    if ((overflow || malformed) && damage()) [[unlikely]]
+        malformed ? context_.malformedNumber() : context_.numberOutOfRange();
     return true;
 }
 
@@ -236,10 +342,11 @@ bool AttributeReader::readInteger(const Token& first, std::int64_t& value) {
     if (token->kind != TokenKind::Real)
         return false;
     constexpr double kLargestExact = 9007199254740992.0;  // 2^53
-    const double real = as<RealDataTypeToken>(*token).value;
-    if (std::trunc(real) != real || std::abs(real) > kLargestExact)
+    const auto& real = as<RealDataTypeToken>(*token);
+    if (real.malformed || std::trunc(real.value) != real.value ||
+        std::abs(real.value) > kLargestExact)
         return false;
-    value = static_cast<std::int64_t>(real);
+    value = static_cast<std::int64_t>(real.value);
     return true;
 }
 
@@ -355,18 +462,18 @@ void* AttributeReader::typedValue(const Token& name, void* previous, const Class
     if (!value || &value->classInfo() != valueClass)
         value = valueClass->create(context_.pool);
 
-    const std::uint32_t asked = asked_;
-    const std::uint32_t found = found_;
     ++depth_;
     value->readAttributes(*this);
     --depth_;
-    asked_ = asked;
-    found_ = found;
-    ended_ = false;
-    const bool surplus = surplus_;
-    if (!endRecord())
-        ended_ = true;
-    surplus_ = surplus;
+    const Token* end = nextInValue();
+    if (!endsArguments(*end) && damage())
+        context_.surplusArgument(end->typeName());
+    while (!endsArguments(*end)) {
+        skipValue(*end);
+        end = nextInValue();
+    }
+    if (end->kind != TokenKind::CloseBracket)
+        giveBackEnd(end);
 
     const CastCache::Result result = context_.casts.cast(value, declared);
     if (!result.part && damage())
@@ -381,10 +488,12 @@ bool AttributeReader::openList(bool& present, Need need) {
     if (depth_ == 0) {
         token = first(need);
     } else {
-        tokenizer_.clearTokens();
-        token = tokenizer_.nextToken();
-        if (token->kind == TokenKind::EmptyParameter)
+        token = nextInValue();
+        if (token->kind == TokenKind::EmptyParameter) {
+            if (as<EmptyParameterToken>(*token).derived)
+                damage();
             token = nullptr;
+        }
     }
     present = token && token->kind == TokenKind::OpenBracket;
     if (present)
@@ -396,14 +505,13 @@ bool AttributeReader::openList(bool& present, Need need) {
 
 /// The first token of the list's next element; null behind its last one.
 const Token* AttributeReader::nextInList() {
-    tokenizer_.clearTokens();
-    const Token* token = tokenizer_.nextToken();
-    switch (token->kind) {
-        case TokenKind::Semicolon:
-        case TokenKind::EndOfFile: tokenizer_.setPending(token); [[fallthrough]];
-        case TokenKind::CloseBracket: --depth_; return nullptr;
-        default: return token;
-    }
+    const Token* token = nextInValue();
+    if (!endsArguments(*token)) [[likely]]
+        return token;
+    if (token->kind != TokenKind::CloseBracket)
+        giveBackEnd(token);
+    --depth_;
+    return nullptr;
 }
 
 bool AttributeReader::moreInList() {
@@ -454,7 +562,7 @@ void AttributeReader::texts(Sequence<Text>& values, Need need) {
     flatList(values, need, u"StringToken", [this](const Token& token, Text& value) {
         if (token.kind == TokenKind::EmptyParameter) {
             value = {};
-            return true;
+            return !as<EmptyParameterToken>(token).derived;
         }
         return readText(token, value);
     });

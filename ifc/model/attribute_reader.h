@@ -76,20 +76,34 @@ public:
               [&](References<Declared>& inner) { selects(inner, kMandatory, declared); });
     }
 
+    /// To be called behind the record's opening bracket.
+    void beginRecord();
     /// Takes what stands before the record's closing bracket, and the bracket. What the class has no attribute for is
     /// reported and skipped.
     /// @return whether the record was closed; false when the statement or the file ends first.
     bool endRecord();
 
-    void beginRecord();
+    // What the record had, once it is ended. Places in the text are offsets into the tokenizer's statement.
 
-    /// Attributes asked for since the record began, and how many of these the record had.
+    struct TextRange {
+        std::size_t begin = 0;
+        std::size_t end = 0;
+    };
+    /// Attributes asked for, and how many of these the record had.
     std::uint32_t attributesAsked() const { return asked_; }
     std::uint32_t attributesFound() const { return found_; }
-    /// Whether endRecord() met arguments behind the last attribute.
-    bool hadSurplusArguments() const { return surplus_; }
-    /// Places of attributes that were not understood, ascending.
-    std::span<const std::uint32_t> damagedAttributes() const { return damaged_; }
+    /// The text of the arguments behind the last attribute, with the `surplusCommas()` commas before them; empty when there
+    /// are none.
+    TextRange surplusArguments() const { return surplus_; }
+    unsigned surplusCommas() const { return surplusCommas_; }
+    /// An attribute that was not understood: its place in the record, and its text with the commas before it.
+    struct DamagedAttribute {
+        std::uint32_t place = 0;
+        TextRange text;
+    };
+    /// In ascending order. One that the end of the statement or of the file cuts off is left out: written back, it would
+    /// take in what follows it.
+    std::span<const DamagedAttribute> damagedAttributes() const { return damaged_; }
     /// Places of attributes that were given as "*", of the first 64.
     std::uint64_t starredAttributes() const { return starred_; }
 
@@ -115,8 +129,17 @@ private:
     /// Notes that the current attribute was not understood. @return whether that is to be reported: once per attribute,
     /// in the first pass.
     bool damage();
-    /// Begins the next attribute: counts it and takes its first token. @return null when the attribute is absent.
+    /// Begins the next attribute, or what stands inside a typed value: takes its first token. @return null when it is
+    /// absent.
     const Token* first(Need need);
+    const Token* firstOfAttribute();
+    const Token* nextArgument();
+    bool isEmptyArgument(const Token& next) const;
+    const Token* nextInValue();
+    const Token* behindGap(const Token* token);
+    void giveBackEnd(const Token* end);
+    /// Place in the statement's text behind the last token that was used.
+    std::size_t textPosition() const;
     /// Reports `found` in place of `expected` and skips all that belongs to it.
     void wrongArgument(const char16_t* expected, const Token& found);
     void skipValue(const Token& first);
@@ -155,10 +178,15 @@ private:
     ReadContext& context_;
     std::uint32_t asked_ = 0;
     std::uint32_t found_ = 0;
-    bool ended_ = false;    // the record has no more arguments
-    bool surplus_ = false;
-    std::uint32_t attribute_ = 0;  // place of the current one in the record
-    std::vector<std::uint32_t> damaged_;
+    bool ended_ = false;             // the record has no more arguments
+    bool cut_ = false;               // the statement ended inside brackets
+    std::uint32_t attribute_ = 0;    // place of the current one in the record
+    std::size_t argumentBegin_ = 0;  // of the last argument begun in the statement's text, its comma included
+    std::size_t attributeBegin_ = 0;  // the same of the current attribute
+    unsigned emptyArguments_ = 0;    // empty ones in front of the pending token, as far as they were given
+    TextRange surplus_;
+    unsigned surplusCommas_ = 0;
+    std::vector<DamagedAttribute> damaged_;
     std::uint64_t starred_ = 0;
     unsigned depth_ = 0;    // of aggregates and typed values; bounded by the schema
     std::vector<double> realScratch_;

@@ -337,7 +337,8 @@ bool PropertyOperations::addPropertySet(std::int32_t objectNumber, std::u16strin
 /// The object's own set of the other kind and the same name, made when there is none.
 IfcEntity* PropertyOperations::companionSet(bool quantities, IfcEntity* object,
                                             std::u16string_view name) {
-    for (IfcEntity* set : setsByObject(model_)[object]) {
+    const std::vector<IfcEntity*> ownSets = setsByObject(model_)[object];
+    for (IfcEntity* set : ownSets) {
         const bool ofKind = quantities ? dynamic_cast<VIfcElementQuantitySet*>(set) != nullptr
                                        : dynamic_cast<VirtualIfcPropertySet*>(set) != nullptr;
         if (ofKind && nameOf(set) == name)
@@ -424,7 +425,8 @@ bool PropertyOperations::EditPropertyInModel(std::u16string_view objectGuid,
     IfcEntity* own = set && object ? setForObject(set, object) : nullptr;
     if (!own)
         reportText(texts::kNoSetToEdit);
-    if (own && editMember(own, record))
+    IfcEntity* member = own ? findRecorded(own, record) : nullptr;
+    if (member && editMember(own, object, member, record))
         return true;
     reportText(std::u16string(texts::kUnableToEdit) + u"\n" + std::u16string(texts::kObjectGuid) +
                std::u16string(objectGuid) + u"\n" + std::u16string(texts::kSetGuid) +
@@ -432,20 +434,36 @@ bool PropertyOperations::EditPropertyInModel(std::u16string_view objectGuid,
     return false;
 }
 
-bool PropertyOperations::editMember(IfcEntity* set, const IfcProperty& record) {
+IfcEntity* PropertyOperations::findRecorded(IfcEntity* set, const IfcProperty& record) {
     const std::u16string& oldName = record.initialName.empty() ? record.name : record.initialName;
     IfcEntity* member = findMember(set, oldName);
-    if (!member) {
+    if (!member && record.state == kPropertyDeleted) {
+        reportText(std::u16string(texts::kUnableToDelete) + oldName +
+                   std::u16string(texts::kPropertyNotFound));
+    } else if (!member) {
         const bool quantity = dynamic_cast<VIfcElementQuantitySet*>(set) != nullptr;
         reportText(std::u16string(quantity ? texts::kQuantity : texts::kProperty) + oldName +
                    std::u16string(texts::kQuantityNotFound));
+    }
+    return member;
+}
+
+bool PropertyOperations::editMember(IfcEntity* set, IfcEntity* object, IfcEntity* member,
+                                    const IfcProperty& record) {
+    if (!isSingleOrQuantity(member)) {
+        reportText(std::u16string(texts::kBadCastToProperty) + u" " +
+                   std::u16string(memberName(member)));
         return false;
     }
-    IfcEntity* own = isSingleOrQuantity(member) ? ownMember(set, member) : nullptr;
-    if (!own) {
-        reportText(std::u16string(texts::kBadCastToProperty) + u" " + oldName);
-        return false;
+    const bool staysOfKind = record.quantityType.empty() ||
+                             keyOf(record.quantityType) == member->classInfo().key;
+    if (!staysOfKind) {
+        const bool done = addMember(set, object, record);
+        if (done)
+            deleteMember(set, member);
+        return done;
     }
+    IfcEntity* own = ownMember(set, member);
     changed(own);
     if (!record.name.empty() && record.name != memberName(own))
         dynamic_cast<VIfcProperty*>(own)->setPropertyName(model_.pool(), record.name);
@@ -455,41 +473,42 @@ bool PropertyOperations::editMember(IfcEntity* set, const IfcProperty& record) {
 }
 
 bool PropertyOperations::DeletePropertyInModel(IfcEntity* set, const IfcProperty& record) {
-    const std::u16string& oldName = record.initialName.empty() ? record.name : record.initialName;
     if (!set) {
-        reportText(std::u16string(texts::kSetIsNull) + oldName);
+        reportText(std::u16string(texts::kSetIsNull) + record.name);
         return false;
     }
     if (!isEditableSet(set)) {
         reportText(texts::kBadCastToSet);
         return false;
     }
-    IfcEntity* member = findMember(set, oldName);
-    if (!member) {
-        reportText(std::u16string(texts::kUnableToDelete) + oldName +
-                   std::u16string(texts::kPropertyNotFound));
-        return false;
-    }
+    IfcProperty deletion = record;
+    deletion.state = kPropertyDeleted;
+    IfcEntity* member = findRecorded(set, deletion);
+    if (member)
+        deleteMember(set, member);
+    return member != nullptr;
+}
+
+void PropertyOperations::deleteMember(IfcEntity* set, IfcEntity* member) {
     changed(set);
     if (hasOtherUsers(member, set))
         replaceMember(set, member, nullptr);
     else
         member->markDeleted();
     if (!membersOf(set).empty())
-        return true;
+        return;
     for (IfcEntity* relation : relationsOf(set)) {
         if (objectsOf(relation).size() >= 2)
             continue;
+        changed(relation);
         // A relation of several sets lists this one no more once it is removed.
         if (definitionsOf(relation).size() > 1)
             set->links(model_.pool()).referencing.erase(relation);
         else
             relation->markDeleted();
-        changed(relation);
     }
     if (!hasOtherUsers(set, nullptr))
         set->markDeleted();
-    return true;
 }
 
 void PropertyOperations::renameSet(IfcEntity* set, std::u16string_view name) {

@@ -39,11 +39,15 @@ public:
     /// @return whether the model was changed as asked.
     bool EditPropertyInModel(std::u16string_view objectGuid, std::u16string_view setGuid,
                              const IfcProperty& record);
-    /// The same in a set that is the object's own already.
-    bool editMember(IfcEntity* set, const IfcProperty& record);
+    /// The member of a set that a record concerns, by its name in the file; null, and a report, when there is none.
+    IfcEntity* findRecorded(IfcEntity* set, const IfcProperty& record);
+    /// The same as EditPropertyInModel for a member of a set that is the object's own already. A member that the record
+    /// makes a quantity, or a quantity of another kind, is replaced.
+    bool editMember(IfcEntity* set, IfcEntity* object, IfcEntity* member, const IfcProperty& record);
 
     /// Takes a property or quantity out of a set that is the object's own. A set without members goes with its relations.
     bool DeletePropertyInModel(IfcEntity* set, const IfcProperty& record);
+    void deleteMember(IfcEntity* set, IfcEntity* member);
 
     /// Adds a new property or quantity to a set that is the object's own. A quantity for a property set, or a single value
     /// for a quantity set, goes to the object's set of the right kind and the same name, which is made when there is none.

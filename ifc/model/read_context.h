@@ -24,6 +24,7 @@ public:
     virtual void surplusArgument(const char16_t* found) = 0;
     virtual void unknownEnumerationValue(std::string_view enumeration, std::string_view value) = 0;
     virtual void numberOutOfRange() = 0;
+    virtual void malformedNumber() = 0;
     virtual void missingReference(std::int64_t number) = 0;
     /// Whether the file has an instance of that number which the model has not, because its type is unknown.
     virtual bool wasLeftOut(std::int64_t number) const = 0;

@@ -24,6 +24,7 @@ std::vector<std::string> withInfo(std::vector<std::string> arguments, const Attr
 
 std::vector<std::string> basesOf(const std::vector<SelectBase>& selects) {
     std::vector<std::string> result;
+    result.reserve(selects.size());
     for (const SelectBase& base : selects)
         result.push_back((base.isVirtual ? "public virtual " : "public ") + base.select->name);
     return result;
@@ -58,7 +59,7 @@ std::string defineClassInfo(std::string_view className, std::string_view maker,
                                           "\"" + upperCased(className) + "\""};
     if (!derived.empty())
         arguments.emplace_back(derived);
-    const std::string line = wrappedCall(0, constant + " " + call, arguments, ");");
+    std::string line = wrappedCall(0, constant + " " + call, arguments, ");");
     if (line.size() <= kColumnLimit + 1)
         return line;
     return constant + "\n" + wrappedCall(kBodyIndent, call, arguments, ");");

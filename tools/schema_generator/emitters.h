@@ -9,8 +9,8 @@
 /// its .cpp files.
 namespace schema_generator {
 
-std::string declareEntity(const EntityType& entity, const ViewPlan& views);
-std::string defineEntity(const EntityType& entity, const ViewPlan& views);
+std::string declareEntity(const EntityType& entity, const ViewPlan& plan);
+std::string defineEntity(const EntityType& entity, const ViewPlan& plan);
 
 std::string declareDefinedType(const DefinedType& type);
 std::string defineDefinedType(const DefinedType& type);

@@ -140,10 +140,10 @@ void addBaseNames(std::vector<std::string>& names, const std::vector<SelectBase>
 /// The entities and value classes that each select stands for, nested selects resolved. Ordered by
 /// name.
 std::map<std::string, std::set<std::string>> leavesOfSelects(const Schema& schema) {
-    std::set<std::string> selectNames;
-    std::map<std::string, std::set<std::string>> leaves;
+    std::map<std::string_view, const SelectType*> selects;
     for (const auto& select : schema.selects)
-        selectNames.insert(select->name);
+        selects[select->name] = select.get();
+    std::map<std::string, std::set<std::string>> leaves;
     for (const auto& select : schema.selects) {
         std::vector<const SelectType*> open = {select.get()};
         std::set<const SelectType*> seen = {select.get()};
@@ -151,15 +151,11 @@ std::map<std::string, std::set<std::string>> leavesOfSelects(const Schema& schem
             const SelectType* current = open.back();
             open.pop_back();
             for (const std::string& member : current->members) {
-                if (!selectNames.contains(member)) {
+                const auto inner = selects.find(member);
+                if (inner == selects.end())
                     leaves[select->name].insert(member);
-                    continue;
-                }
-                const auto inner =
-                    std::find_if(schema.selects.begin(), schema.selects.end(),
-                                 [&](const auto& candidate) { return candidate->name == member; });
-                if (seen.insert(inner->get()).second)
-                    open.push_back(inner->get());
+                else if (seen.insert(inner->second).second)
+                    open.push_back(inner->second);
             }
         }
     }

@@ -22,13 +22,13 @@ std::size_t longestLine(std::string_view text) {
 
 }  // namespace
 
-std::string filledLines(const std::vector<std::string>& arguments, std::string_view tail,
+std::string filledLines(const std::vector<std::string>& items, std::string_view tail,
                         std::size_t column) {
     std::string result;
     std::size_t used = column;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const bool isLast = i + 1 == arguments.size();
-        const std::size_t needed = arguments[i].size() + (isLast ? tail.size() : 1);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const bool isLast = i + 1 == items.size();
+        const std::size_t needed = items[i].size() + (isLast ? tail.size() : 1);
         if (i > 0 && used + 1 + needed > kColumnLimit) {
             result += "\n" + blanks(column);
             used = column;
@@ -36,8 +36,8 @@ std::string filledLines(const std::vector<std::string>& arguments, std::string_v
             result += " ";
             ++used;
         }
-        result += arguments[i] + (isLast ? "" : ",");
-        used += arguments[i].size() + 1;
+        result += items[i] + (isLast ? "" : ",");
+        used += items[i].size() + 1;
     }
     return result + std::string(tail);
 }

@@ -61,7 +61,7 @@ std::string writeFiles(const fs::path& folder, const std::vector<GeneratedFile>&
         std::string present;
         if (readFile(folder / file.name, present) && present == file.content)
             continue;
-        const std::string fault = replaceFile(folder / file.name, file.content);
+        std::string fault = replaceFile(folder / file.name, file.content);
         if (!fault.empty())
             return fault;
     }

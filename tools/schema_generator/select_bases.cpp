@@ -100,6 +100,7 @@ bool SelectBases::orderBasesFirst() {
         return false;
     }
     std::vector<Node> ordered;
+    ordered.reserve(order.size());
     for (const std::size_t i : order)
         ordered.push_back(nodes_[i]);
     nodes_ = std::move(ordered);
@@ -168,11 +169,11 @@ std::set<const SelectType*> SelectBases::selectsThereTwice() {
                 counts[select] += count;
         }
         for (const auto& [select, count] : counts) {
-            const bool outermost =
-                std::none_of(counts.begin(), counts.end(), [&](const auto& other) {
-                    return other.second > 1 && reached_[other.first].contains(select);
+            const bool isOutermost =
+                std::none_of(counts.begin(), counts.end(), [&, inner = select](const auto& other) {
+                    return other.second > 1 && reached_[other.first].contains(inner);
                 });
-            if (count > 1 && outermost)
+            if (count > 1 && isOutermost)
                 result.insert(select);
         }
         // Two parts are enough to know; this keeps the numbers small.
