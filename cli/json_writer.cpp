@@ -1,0 +1,55 @@
+#include "cli/json_writer.h"
+
+#include "cli/printable.h"
+#include "cli/screen.h"
+
+namespace cli {
+
+JsonWriter& JsonWriter::key(std::string_view name) {
+    startLine();
+    screen_.print("\"");
+    screen_.print(name);
+    screen_.print("\": ");
+    afterKey_ = true;
+    return *this;
+}
+
+void JsonWriter::value(std::u16string_view text) { item(jsonString(text)); }
+
+void JsonWriter::value(std::int64_t number) { item(std::to_string(number)); }
+
+void JsonWriter::begin(char bracket) {
+    item(std::string_view(&bracket, 1));
+    ++depth_;
+    empty_ = true;
+}
+
+void JsonWriter::end(char bracket) {
+    --depth_;
+    if (!empty_)
+        breakLine();
+    screen_.print(std::string_view(&bracket, 1));
+    empty_ = false;
+    if (depth_ == 0)
+        screen_.print("\n");
+}
+
+void JsonWriter::item(std::string_view text) {
+    if (!afterKey_)
+        startLine();
+    screen_.print(text);
+    afterKey_ = false;
+}
+
+/// Where the next key or element begins.
+void JsonWriter::startLine() {
+    if (!empty_)
+        screen_.print(",");
+    empty_ = false;
+    if (depth_ > 0)
+        breakLine();
+}
+
+void JsonWriter::breakLine() { screen_.print("\n" + std::string(2 * depth_, ' ')); }
+
+}  // namespace cli
