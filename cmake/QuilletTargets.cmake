@@ -29,6 +29,8 @@ add_library(quillet_options INTERFACE)
 target_compile_options(
     quillet_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
                               -Werror)
+# g++ 12 takes "literal" + std::string for overlapping memory.
+target_compile_options(quillet_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 if(WIN32)
     target_compile_definitions(quillet_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN)
 endif()

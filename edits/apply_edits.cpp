@@ -88,17 +88,17 @@ void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
         count(operations_.addPropertySet(number, record.SetIdentifier, record.name, properties));
 }
 
-/// Members are found by their names in the file before any of them is renamed, and additions come before deletions, so that
-/// a set that ends with other properties than it had is not removed between them.
+/// Members are found by their names in the file before any of them is renamed, and additions come
+/// before deletions, so that a set that ends with other properties than it had is not removed
+/// between them.
 bool Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
     IfcEntity* shared = findSet(record);
     if (!shared)
         return false;
     const bool renamed = !record.name.empty() && nameOf(shared) != record.name;
-    const bool touched = std::any_of(record.properties.begin(), record.properties.end(),
-                                     [](const auto& entry) {
-                                         return entry.second.state != kPropertyUnchanged;
-                                     });
+    const bool touched =
+        std::any_of(record.properties.begin(), record.properties.end(),
+                    [](const auto& entry) { return entry.second.state != kPropertyUnchanged; });
     if (!renamed && !touched)
         return true;
     IfcEntity* set = operations_.setForObject(shared, object);

@@ -1,4 +1,5 @@
-// Input: an edit log (XML). Reading it and writing what is left gives a log that a second pass does not change.
+// Input: an edit log (XML). Reading it and writing what is left gives a log that a second pass does
+// not change.
 
 #include "edits/edit_log.h"
 #include "fuzz/fuzz_target.h"

@@ -1,4 +1,5 @@
-// Input: an EXPRESS schema. It is either refused with a diagnostic or gives classes, the same each time.
+// Input: an EXPRESS schema. It is either refused with a diagnostic or gives classes, the same each
+// time.
 
 #include "fuzz/fuzz_target.h"
 #include "tools/schema_generator/generator.h"

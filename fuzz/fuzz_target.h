@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string_view>
 
-/// What the fuzz targets have in common. Each reads one input, and ends the program when a property does not hold that
-/// must hold for every input.
+/// What the fuzz targets have in common. Each reads one input, and ends the program when a property
+/// does not hold that must hold for every input.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 

@@ -1,6 +1,7 @@
-// Input: a letter that picks a release and the size of the read buffer, then STEP text: a whole file when it begins with
-// "ISO", else what stands in the DATA section. Reading ends; what was read can be written; and what was written reads
-// back, without a new report of a wrong argument, as a model that is written the same.
+// Input: a letter that picks a release and the size of the read buffer, then STEP text: a whole
+// file when it begins with "ISO", else what stands in the DATA section. Reading ends; what was read
+// can be written; and what was written reads back, without a new report of a wrong argument, as a
+// model that is written the same.
 
 #include <array>
 #include <string>
@@ -11,7 +12,7 @@
 namespace {
 
 constexpr std::array<std::string_view, 8> kReleases = {
-    "IFC4", "IFC2X3",          "IFC4X3_ADD2", "IFC2X_FINAL",
+    "IFC4",   "IFC2X3",          "IFC4X3_ADD2", "IFC2X_FINAL",
     "IFC4X1", "IFC2X2_PLATFORM", "IFC4X2",      "IFC2X2_FINAL"};
 constexpr std::array<std::size_t, 4> kBufferBytes = {0x10000, 1, 7, 64};
 

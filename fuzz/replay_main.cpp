@@ -1,4 +1,5 @@
-// Stands in for libFuzzer where there is none: runs a fuzz target over files, and over all files of folders.
+// Stands in for libFuzzer where there is none: runs a fuzz target over files, and over all files of
+// folders.
 
 #include <cstdio>
 #include <filesystem>

@@ -34,8 +34,8 @@ std::string currentEntryName(unzFile archive) {
 
 constexpr std::uint64_t kInExtraField = 0xFFFFFFFF;  // in place of a size
 
-/// The sizes of an entry that keeps them in its extra field with the id 1, each as 8 bytes, least significant first (APPNOTE
-/// 4.5.3). The zip library, version 1.1, overlooks them on 64-bit Linux.
+/// The sizes of an entry that keeps them in its extra field with the id 1, each as 8 bytes, least
+/// significant first (APPNOTE 4.5.3). The zip library, version 1.1, overlooks them on 64-bit Linux.
 void readZip64Sizes(unzFile archive, unz_file_info64& info) {
     std::string extra(info.size_file_extra, '\0');
     if (unzGetCurrentFileInfo64(archive, nullptr, nullptr, 0, extra.data(), info.size_file_extra,

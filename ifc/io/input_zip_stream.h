@@ -50,9 +50,10 @@ private:
     bool entryOpen_ = false;
     std::uint64_t entrySize_ = 0;
     std::uint64_t entryCompressedSize_ = 0;
-    bool zip64_ = false;  // the sizes stand where the zip library did not find them, so it cannot check the CRC
+    bool zip64_ = false;  // the sizes stand where the zip library did not find them, so it cannot
+                          // check the CRC
     std::uint32_t expectedCrc_ = 0;
-    std::uint32_t crc_ = 0;  // of what was read, for zip64_
+    std::uint32_t crc_ = 0;         // of what was read, for zip64_
     std::uint32_t blockIndex_ = 1;  // of the current block; the first refill switches to block 0
     std::array<std::unique_ptr<char[]>, 2> blocks_;  // used alternately
 };

@@ -48,8 +48,9 @@ constexpr std::array<TokenWords, 4> kTokenWords = {{
     {u"CloseBracketToken", u"closing bracket"},
 }};
 
-/// The classes of a model by the name that stands in a record. One name follows another in few different orders, so a
-/// small table in front of the hash map answers nearly all look-ups with one comparison.
+/// The classes of a model by the name that stands in a record. One name follows another in few
+/// different orders, so a small table in front of the hash map answers nearly all look-ups with one
+/// comparison.
 class ClassLookup {
 public:
     struct Entry {
@@ -107,8 +108,9 @@ struct TemporaryFile {
 }  // namespace
 
 std::u16string_view tokenWords(std::u16string_view typeName) {
-    const auto found = std::find_if(kTokenWords.begin(), kTokenWords.end(),
-                                    [&](const TokenWords& entry) { return entry.typeName == typeName; });
+    const auto found =
+        std::find_if(kTokenWords.begin(), kTokenWords.end(),
+                     [&](const TokenWords& entry) { return entry.typeName == typeName; });
     return found == kTokenWords.end() ? typeName : found->words;
 }
 
@@ -184,12 +186,13 @@ private:
     Tokenizer* tokenizer_ = nullptr;  // of the current pass
     std::int32_t lastLine_ = 0;       // where a pass ended
     std::int64_t instance_ = 0;
-    std::size_t recordBegin_ = 0;  // place behind "#n" in the statement text
+    std::size_t recordBegin_ = 0;               // place behind "#n" in the statement text
     std::unordered_set<std::int64_t> leftOut_;  // instances of unknown types
     bool sawEndIso_ = false;
     std::uint64_t totalSize_ = 0;
     int lastPercent_ = 0;
-    // The copied statements' line numbers in the file, in order, and the place in them during the second pass.
+    // The copied statements' line numbers in the file, in order, and the place in them during the
+    // second pass.
     std::vector<std::int32_t> copiedLines_;
     std::size_t copiedLine_ = 0;
 };
@@ -207,7 +210,8 @@ bool ModelParser::load(const std::u16string& path) {
         if (!stream || !stream->isOpen()) {
             // A zip archive and a wrong extension have been reported.
             if (stream && stream->extension() == texts::kIfcExtension)
-                report(errors_, texts::kCouldNotOpenFileKey, std::u16string(texts::kFilePath) + path);
+                report(errors_, texts::kCouldNotOpenFileKey,
+                       std::u16string(texts::kFilePath) + path);
             state_ = State::Failed;
             return false;
         }
@@ -351,7 +355,8 @@ ModelParser::Position ModelParser::Reading::position() const {
     return position;
 }
 
-/// An archive entry that claims to be larger than the machine's memory is refused before it fills it.
+/// An archive entry that claims to be larger than the machine's memory is refused before it fills
+/// it.
 bool ModelParser::Reading::inputFits(const FileStream::InputStream& stream) {
     totalSize_ = stream.size();
     const std::uint64_t memory = platform::physicalMemoryBytes();
@@ -390,7 +395,8 @@ bool ModelParser::Reading::firstPass(Tokenizer& tokenizer, FileStream::OutpoutFi
                     model_.header = static_cast<const HeaderToken*>(token)->fields;
                 break;
             case TokenKind::EndIso:
-                sawEndIso_ = static_cast<const EndIsoToken*>(token)->text.starts_with(texts::kEndIso);
+                sawEndIso_ =
+                    static_cast<const EndIsoToken*>(token)->text.starts_with(texts::kEndIso);
                 break;
             case TokenKind::Identifier: {
                 const auto& name = *static_cast<const IdentifierToken*>(token);
@@ -497,9 +503,10 @@ void ModelParser::Reading::reportUnclosed(const Tokenizer& tokenizer) {
 void ModelParser::Reading::keepShape(const Tokenizer& tokenizer, const AttributeReader& reader) {
     const std::uint64_t starred = reader.starredAttributes() & ~owner->classInfo().derived;
     const AttributeReader::TextRange surplus = reader.surplusArguments();
-    // A record without any arguments is written with all of them: without any it could not be read again.
-    const bool shorter = reader.attributesFound() > 0 &&
-                         reader.attributesFound() < reader.attributesAsked();
+    // A record without any arguments is written with all of them: without any it could not be read
+    // again.
+    const bool shorter =
+        reader.attributesFound() > 0 && reader.attributesFound() < reader.attributesAsked();
     if (!shorter && surplus.begin == surplus.end && reader.damagedAttributes().empty() &&
         starred == 0) [[likely]]
         return;
@@ -589,10 +596,11 @@ ModelParser::Reading::Step ModelParser::Reading::checkProgress(
     const FileStream::InputStream& stream) {
     if (!parser_.options_.progress || totalSize_ == 0)
         return Step::GoOn;
-    const auto hundredfold = static_cast<std::uint64_t>(std::max<std::int64_t>(stream.tell(), 0)) * 100;
+    const auto hundredfold =
+        static_cast<std::uint64_t>(std::max<std::int64_t>(stream.tell(), 0)) * 100;
     // Kept: each pass reports 80 at most.
-    const int percent =
-        static_cast<int>(static_cast<double>(std::min<std::uint64_t>(hundredfold / totalSize_, 100)) * 0.8);
+    const int percent = static_cast<int>(
+        static_cast<double>(std::min<std::uint64_t>(hundredfold / totalSize_, 100)) * 0.8);
     if (percent <= lastPercent_)
         return Step::GoOn;
     lastPercent_ = percent;
@@ -648,7 +656,8 @@ void ModelParser::Reading::wrongArgument(const char16_t* expected, const char16_
 }
 
 void ModelParser::Reading::surplusArgument(const char16_t* found) {
-    reportHere(std::u16string(texts::kSurplusArgument) + std::u16string(tokenWords(found)) + u".\n");
+    reportHere(std::u16string(texts::kSurplusArgument) + std::u16string(tokenWords(found)) +
+               u".\n");
 }
 
 void ModelParser::Reading::unknownEnumerationValue(std::string_view enumeration,

@@ -18,12 +18,14 @@ class IfcEntity;
 class MemoryPool;
 class Model;
 
-/// Reads one model from an IFC file, plain, zipped, or an entry of a project archive (".ahx|entry").
+/// Reads one model from an IFC file, plain, zipped, or an entry of a project archive
+/// (".ahx|entry").
 ///
-/// The DATA section is read in two passes: the first creates every instance and fills it as far as it can, and copies the
-/// text of those whose references lie ahead to a temporary file; the second reads only these once more, when every
-/// instance exists. Afterwards missing and repeated GUIDs are replaced by new ones. Trouble is reported and read over; only
-/// what leaves no model ends the reading.
+/// The DATA section is read in two passes: the first creates every instance and fills it as far as
+/// it can, and copies the text of those whose references lie ahead to a temporary file; the second
+/// reads only these once more, when every instance exists. Afterwards missing and repeated GUIDs
+/// are replaced by new ones. Trouble is reported and read over; only what leaves no model ends the
+/// reading.
 class ModelParser {
 public:
     enum class State { Reading = 0, Finished = 1, Failed = 3, Cancelled = 4 };
@@ -32,12 +34,13 @@ public:
     using Progress = std::function<bool(int percent, int remainder)>;
 
     struct Options {
-        /// Unknown enumeration values are reported with severity 2 only. Otherwise with 0, and `continueQuestion` is asked.
+        /// Unknown enumeration values are reported with severity 2 only. Otherwise with 0, and
+        /// `continueQuestion` is asked.
         bool ignoreEnumerationErrors = true;
         /// Whether to read on; not asked when empty.
         std::function<bool()> continueQuestion;
         Progress progress;
-        LogFile* log = nullptr;  ///< outlives the parser; none: nothing is logged
+        LogFile* log = nullptr;                  ///< outlives the parser; none: nothing is logged
         std::size_t readBufferBytes = 0xA00000;  ///< 10 MiB
     };
 
@@ -56,8 +59,8 @@ public:
     /// The release's name ("IFC2X3"); empty while unknown.
     std::string_view releaseName() const { return releaseName_; }
 
-    /// Where reading stands, for reports: a line of the file (0 when reading has not begun) and the instance being read
-    /// (0 between instances).
+    /// Where reading stands, for reports: a line of the file (0 when reading has not begun) and the
+    /// instance being read (0 between instances).
     struct Position {
         std::int32_t line = 0;
         std::int64_t instance = 0;

@@ -24,8 +24,7 @@ inline constexpr std::u16string_view kErrorReadingEntity =
 inline constexpr std::u16string_view kWrongArgument = u"Error occurred. Wrong argument(";
 inline constexpr std::u16string_view kExpected = u"Expected: ";
 inline constexpr std::u16string_view kGot = u". Got: ";
-inline constexpr std::u16string_view kNoESetCalled =
-    u"Creating eSet error. No eSet called: ";
+inline constexpr std::u16string_view kNoESetCalled = u"Creating eSet error. No eSet called: ";
 inline constexpr std::u16string_view kExistsInMap = u" exists in map of functions.";
 inline constexpr std::u16string_view kEnume = u"Enume ";  // sic
 inline constexpr std::u16string_view kDoesNotContain = u" does not contain: \"";
@@ -33,9 +32,9 @@ inline constexpr std::u16string_view kSurplusArgument =
     u"More arguments than the entity has attributes. Got: ";
 inline constexpr std::u16string_view kNumberOutOfRange = u"Number out of range.\n";
 inline constexpr std::u16string_view kMalformedNumber = u"Malformed number.\n";
-inline constexpr std::u16string_view kInstanceNumberOutOfRange =
-    u"Instance number out of range: #";
-inline constexpr std::u16string_view kReferenceNotFound = u"Reference to an entity that does not exist: #";
+inline constexpr std::u16string_view kInstanceNumberOutOfRange = u"Instance number out of range: #";
+inline constexpr std::u16string_view kReferenceNotFound =
+    u"Reference to an entity that does not exist: #";
 inline constexpr std::u16string_view kReferenceOfWrongClass = u"Wrong reference. Expected: ";
 inline constexpr std::u16string_view kUnexpectedEnd = u"Unexpected end of file in entity: #";
 inline constexpr std::u16string_view kStatementNotClosed =

@@ -13,7 +13,8 @@ struct SchemaRelease {
     std::span<const ClassInfo* const> classes;  ///< every entity and value class
 };
 
-/// The release that a FILE_SCHEMA identifier selects, exactly as it is spelt; null for an unknown one.
+/// The release that a FILE_SCHEMA identifier selects, exactly as it is spelt; null for an unknown
+/// one.
 const SchemaRelease* findRelease(std::u16string_view schemaIdentifier);
 
 }  // namespace IFC

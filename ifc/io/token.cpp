@@ -68,7 +68,8 @@ IsoToken::IsoToken(std::string_view text) : Token(TokenKind::Iso), value(widened
 
 std::u16string widened(std::string_view bytes) {
     std::u16string units(bytes.size(), u'\0');
-    std::transform(bytes.begin(), bytes.end(), units.begin(), [](char byte) { return widened(byte); });
+    std::transform(bytes.begin(), bytes.end(), units.begin(),
+                   [](char byte) { return widened(byte); });
     return units;
 }
 

@@ -29,7 +29,8 @@ enum class TokenKind : std::uint8_t {
     EndIso
 };
 
-/// One lexical unit of an exchange file. Made and owned by the tokenizer; valid until its clearTokens().
+/// One lexical unit of an exchange file. Made and owned by the tokenizer; valid until its
+/// clearTokens().
 class Token {
 public:
     explicit Token(TokenKind kindOfToken) : kind(kindOfToken) {}
@@ -59,7 +60,8 @@ using EqualToken = PlainToken<TokenKind::Equal>;
 using SemicolonToken = PlainToken<TokenKind::Semicolon>;
 using UnknownSignToken = PlainToken<TokenKind::UnknownSign>;
 using EndOfFileToken = PlainToken<TokenKind::EndOfFile>;
-/// Kept although blanks swallow every line feed before one could become a token: readers know the class.
+/// Kept although blanks swallow every line feed before one could become a token: readers know the
+/// class.
 using NewLineToken = PlainToken<TokenKind::NewLine>;
 
 /// "$" and "*".
@@ -89,8 +91,9 @@ public:
     const char16_t* typeName() const override;
 
     std::int32_t value;  ///< the low 32 bits, signed
-    std::int64_t exact;  ///< all of it; the largest or smallest 64-bit number when the digits exceed it
-    bool overflow;       ///< the digits do not fit 64 bits, signed
+    std::int64_t
+        exact;      ///< all of it; the largest or smallest 64-bit number when the digits exceed it
+    bool overflow;  ///< the digits do not fit 64 bits, signed
 };
 
 class RealDataTypeToken final : public Token {
@@ -104,7 +107,8 @@ public:
     bool malformed;  ///< something else follows the number, as in 1.#INF
 };
 
-/// Any keyword that is not one of the file's frame: IFCWALL. ASCII letters and digits, underscores removed.
+/// Any keyword that is not one of the file's frame: IFCWALL. ASCII letters and digits, underscores
+/// removed.
 class EntityNameToken final : public Token {
 public:
     explicit EntityNameToken(std::string_view keyword)
@@ -127,7 +131,8 @@ public:
     std::string_view bytes;  ///< file bytes
 };
 
-/// A string in quotes. Either `plain` bytes, all of them 7-bit characters that stand for themselves, or decoded `units`.
+/// A string in quotes. Either `plain` bytes, all of them 7-bit characters that stand for
+/// themselves, or decoded `units`.
 class WstringToken final : public Token {
 public:
     explicit WstringToken(std::string_view plainBytes)
@@ -167,8 +172,7 @@ public:
 /// The last line's text, END-ISO-10303-21.
 class EndIsoToken final : public Token {
 public:
-    explicit EndIsoToken(std::string_view statement)
-        : Token(TokenKind::EndIso), text(statement) {}
+    explicit EndIsoToken(std::string_view statement) : Token(TokenKind::EndIso), text(statement) {}
     const char16_t* typeName() const override;
 
     std::string text;
@@ -197,8 +201,8 @@ public:
     HeaderFields fields;
 };
 
-/// One byte as one UTF-16 unit, sign-extended: 0xE4 becomes U+FFE4. Kept: files escape all text beyond 7 bits, so such a
-/// byte is no character, whatever the system's code page says.
+/// One byte as one UTF-16 unit, sign-extended: 0xE4 becomes U+FFE4. Kept: files escape all text
+/// beyond 7 bits, so such a byte is no character, whatever the system's code page says.
 constexpr char16_t widened(char byte) {
     return static_cast<char16_t>(static_cast<signed char>(byte));
 }

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-/// Memory of the tokens of one instance: taken piece by piece, given back all at once. After the first instances it asks
-/// the system for nothing more. Destructors do not run.
+/// Memory of the tokens of one instance: taken piece by piece, given back all at once. After the
+/// first instances it asks the system for nothing more. Destructors do not run.
 class TokenArena {
 public:
     void* allocate(std::size_t bytes) {
@@ -43,7 +43,8 @@ private:
     static constexpr std::size_t kChunkBytes = 0x10000;
 
     void* allocateFromNewChunk(std::size_t bytes) {
-        const std::size_t chunkBytes = bytes > kChunkBytes && !chunks_.empty() ? bytes : kChunkBytes;
+        const std::size_t chunkBytes =
+            bytes > kChunkBytes && !chunks_.empty() ? bytes : kChunkBytes;
         chunks_.emplace_back(new std::byte[chunkBytes]);
         if (chunks_.size() == 1)
             firstChunkBytes_ = chunkBytes;

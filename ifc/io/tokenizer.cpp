@@ -58,9 +58,9 @@ std::u16string stringOf(const Token& token) {
 }
 
 constexpr bool isKeywordByte(int byte) {
-    return byte >= 0 && (kByteClasses[static_cast<std::size_t>(byte)] == ByteClass::Letter ||
-                         kByteClasses[static_cast<std::size_t>(byte)] == ByteClass::Digit ||
-                         byte == '_');
+    return byte >= 0 &&
+           (kByteClasses[static_cast<std::size_t>(byte)] == ByteClass::Letter ||
+            kByteClasses[static_cast<std::size_t>(byte)] == ByteClass::Digit || byte == '_');
 }
 
 /// Bytes of a string that stand for themselves: 7 bits, neither quote nor backslash.
@@ -85,9 +85,10 @@ struct RealNumber {
     bool malformed = false;
 };
 
-/// The number at [begin, end), as far as it is one; blanks may follow. Powers of ten up to 1e22 and mantissas up to 2^53 are exact doubles, so
-/// one multiplication or division gives the correctly rounded result (W. D. Clinger, How to Read Floating Point Numbers
-/// Accurately, 1990); all else goes through from_chars.
+/// The number at [begin, end), as far as it is one; blanks may follow. Powers of ten up to 1e22 and
+/// mantissas up to 2^53 are exact doubles, so one multiplication or division gives the correctly
+/// rounded result (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990); all else
+/// goes through from_chars.
 RealNumber parseReal(const char* begin, const char* end) {
     static constexpr std::array<double, 23> kPowersOfTen = {
         1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
@@ -300,9 +301,9 @@ const Token* Tokenizer::scan() {
 /// @return null behind a comment.
 const Token* Tokenizer::slash() {
     takeByte();
-    const int second = takeByte();
-    if (second == kEnd)
+    if (peekByte() == kEnd)
         return &endOfFile_;
+    const int second = takeByte();
     if (second != '*') {
         lastUnknownSign_ = '/';
         return &unknownSign_;
@@ -330,7 +331,8 @@ std::string_view Tokenizer::keywordText() {
         ++next;
     if (next != end && *next != '_') {
         stream_->advanceTo(next);
-        return keep(std::string_view(begin, static_cast<std::size_t>(next - begin)).substr(0, kMaxNameBytes));
+        return keep(std::string_view(begin, static_cast<std::size_t>(next - begin))
+                        .substr(0, kMaxNameBytes));
     }
     scratch_.clear();
     for (int byte = peekByte(); isKeywordByte(byte); byte = peekByte()) {
@@ -346,7 +348,8 @@ const Token* Tokenizer::keyword() {
     if (text.size() > 3 && text.front() == 'I') [[likely]]  // IFC…
         return arena_.create<EntityNameToken>(text);
     if (text == "inf")
-        return arena_.create<RealDataTypeToken>(std::numeric_limits<double>::infinity(), false, false);
+        return arena_.create<RealDataTypeToken>(std::numeric_limits<double>::infinity(), false,
+                                                false);
     if (text == "ISO" || text == "END") {
         std::string statement(text);
         appendUntil(';', statement);
@@ -478,8 +481,8 @@ const RealDataTypeToken* Tokenizer::takeExponent(const IntegerDataTypeToken& man
 
 bool Tokenizer::atParameterEnd() {
     if (pending_)
-        return pending_->kind == TokenKind::CloseBracket || pending_->kind == TokenKind::Semicolon ||
-               pending_->kind == TokenKind::EndOfFile;
+        return pending_->kind == TokenKind::CloseBracket ||
+               pending_->kind == TokenKind::Semicolon || pending_->kind == TokenKind::EndOfFile;
     while (stream_ && !failed_ && skipBlanks()) {
         const char next = *stream_->windowBegin();
         if (next != '/')
@@ -549,8 +552,8 @@ const Token* Tokenizer::decodedString() {
     return arena_.create<WstringToken>(std::u16string_view(copy, units_.size()));
 }
 
-/// Behind a backslash inside a string: appends what the escape stands for (ISO 10303-21, strings). Nothing is checked
-/// that would make a file unreadable.
+/// Behind a backslash inside a string: appends what the escape stands for (ISO 10303-21, strings).
+/// Nothing is checked that would make a file unreadable.
 void Tokenizer::decodeEscape(int& codePage) {
     const auto appendByte = [&](int byte) {
         units_.push_back(platform::decodeByte(codePage, static_cast<unsigned char>(byte)));
@@ -601,7 +604,8 @@ void Tokenizer::decodeEscape(int& codePage) {
             takeByte();
             while (peekByte() != '\\' && peekByte() != kEnd) {
                 const char16_t high = takeHexUnit();
-                // Kept: low half first, then the high half where there is one; no surrogates are formed.
+                // Kept: low half first, then the high half where there is one; no surrogates are
+                // formed.
                 units_.push_back(takeHexUnit());
                 if (high != 0)
                     units_.push_back(high);
@@ -629,7 +633,8 @@ char16_t Tokenizer::takeHexUnit() {
 
 std::u16string Tokenizer::readStringParameter() { return stringOf(*nextToken()); }
 
-/// Every loop over a header ends at the end of the input, or when this has come to believe that it is no header.
+/// Every loop over a header ends at the end of the input, or when this has come to believe that it
+/// is no header.
 const Token* Tokenizer::nextHeaderToken() {
     if (headerTokensLeft_ <= 1)
         return &endOfFile_;
@@ -651,8 +656,8 @@ void Tokenizer::readStringList(std::vector<std::u16string>& list) {
         list.push_back(stringOf(*token));
 }
 
-/// The three entities of the header section in the standard's order. Kept: further ones are not expected; the token
-/// behind the last ";" is taken for ENDSEC whatever it is.
+/// The three entities of the header section in the standard's order. Kept: further ones are not
+/// expected; the token behind the last ";" is taken for ENDSEC whatever it is.
 const Token* Tokenizer::header() {
     constexpr std::size_t kMostTokens = 0x100000;  // thousands are usual at most
     headerTokensLeft_ = kMostTokens;

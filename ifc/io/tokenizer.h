@@ -12,12 +12,14 @@
 #include "ifc/io/token.h"
 #include "ifc/io/token_arena.h"
 
-/// Turns an exchange file (ISO 10303-21) into tokens, leniently: it knows the lexical forms that IFC files contain, takes
-/// the header section as one token, and leaves it to its user to find fault with the order of tokens. Trouble is reported,
-/// never thrown. A byte 0xFF counts as the end of the input.
+/// Turns an exchange file (ISO 10303-21) into tokens, leniently: it knows the lexical forms that
+/// IFC files contain, takes the header section as one token, and leaves it to its user to find
+/// fault with the order of tokens. Trouble is reported, never thrown. A byte 0xFF counts as the end
+/// of the input.
 class Tokenizer {
 public:
-    /// Opens `path` by its extension: ".ifc", ".ifczip" or ".ahx|entry". Any other is reported, and there is no stream.
+    /// Opens `path` by its extension: ".ifc", ".ifczip" or ".ahx|entry". Any other is reported, and
+    /// there is no stream.
     Tokenizer(std::u16string path, std::size_t readBufferBytes, ErrorCallback errors);
     /// Reads from a stream that is open already.
     Tokenizer(std::unique_ptr<FileStream::InputStream> stream, ErrorCallback errors);
@@ -25,8 +27,8 @@ public:
     Tokenizer(const Tokenizer&) = delete;
     Tokenizer& operator=(const Tokenizer&) = delete;
 
-    /// The pending token, else the next one of the input; an EndOfFileToken at the end and after a failure. Never null;
-    /// valid until clearTokens().
+    /// The pending token, else the next one of the input; an EndOfFileToken at the end and after a
+    /// failure. Never null; valid until clearTokens().
     const Token* nextToken();
 
     /// Gives back a token that was read too early; the next request returns it.
@@ -36,16 +38,18 @@ public:
     /// The value of the next token when it is a string, else empty. "$" and ")" are consumed.
     std::u16string readStringParameter();
 
-    /// Puts together a real that was written without a dot before its exponent: call right behind the integer token.
+    /// Puts together a real that was written without a dot before its exponent: call right behind
+    /// the integer token.
     /// @return null, with nothing consumed, when no exponent follows.
     const RealDataTypeToken* takeExponent(const IntegerDataTypeToken& mantissa);
 
-    /// Skips blanks and comments. @return whether the parameter ends here: before "," ")" ";" or the end of the input.
+    /// Skips blanks and comments. @return whether the parameter ends here: before "," ")" ";" or
+    /// the end of the input.
     bool atParameterEnd();
 
-    /// Commas between the last token of the input and the one before it; an opening bracket before it counts as one. So it
-    /// is 1 for each argument that is where it should be, 0 for what follows a value without a comma, and more behind
-    /// arguments that are empty.
+    /// Commas between the last token of the input and the one before it; an opening bracket before
+    /// it counts as one. So it is 1 for each argument that is where it should be, 0 for what
+    /// follows a value without a comma, and more behind arguments that are empty.
     unsigned separation() const { return separation_; }
 
     /// The byte that the last UnknownSignToken was made of.
@@ -57,12 +61,14 @@ public:
     /// Null when the extension is not known.
     FileStream::InputStream* stream() const { return stream_.get(); }
     bool failed() const { return failed_; }
-    /// Lines begun so far between tokens, from 1; line ends inside strings and comments do not count.
+    /// Lines begun so far between tokens, from 1; line ends inside strings and comments do not
+    /// count.
     std::int32_t lineNumber() const { return lineNumber_; }
     /// Position of the current parameter inside its instance.
     std::int32_t parameterIndex() const { return parameterIndex_; }
 
-    /// Longest keyword, enumeration value or ISO text that is kept; what goes on longer is cut there.
+    /// Longest keyword, enumeration value or ISO text that is kept; what goes on longer is cut
+    /// there.
     static constexpr std::size_t kMaxNameBytes = 0x10000;
     /// Longest number that is read to its end; one that goes on longer counts as out of range.
     static constexpr std::size_t kMaxNumberBytes = 0x10000;
@@ -106,10 +112,10 @@ private:
     std::unique_ptr<FileStream::InputStream> stream_;
     bool failed_ = false;
     bool atStart_ = true;
-    bool statementEnded_ = false;        // the last token was ";"
-    bool afterOpenBracket_ = false;      // the last token was "("
+    bool statementEnded_ = false;    // the last token was ";"
+    bool afterOpenBracket_ = false;  // the last token was "("
     unsigned separation_ = 0;
-    std::size_t headerTokensLeft_ = 0;   // inside the header section only
+    std::size_t headerTokensLeft_ = 0;  // inside the header section only
     char lastUnknownSign_ = 0;
     const Token* pending_ = nullptr;
     TokenArena arena_;

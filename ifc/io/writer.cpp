@@ -39,7 +39,8 @@ public:
     /// Empty when it could not be created.
     const std::u16string& path() const { return path_; }
 
-    /// Gives the complete file its name. What it replaces is only given up once the new content is safe on the disk.
+    /// Gives the complete file its name. What it replaces is only given up once the new content is
+    /// safe on the disk.
     bool moveToTarget() {
         if (platform::fileExists(target_) && !platform::flushToDisk(path_))
             return false;
@@ -82,7 +83,8 @@ bool ModelWriter::write(Model& model, const std::u16string& path) {
     IncompleteFile file(path);
     std::unique_ptr<FileStream::OutpoutStream> out;
     if (file.path().empty()) {
-        report(errors_, texts::kCouldNotOpenFileWriteKey, std::u16string(texts::kWriteFilePath) + path);
+        report(errors_, texts::kCouldNotOpenFileWriteKey,
+               std::u16string(texts::kWriteFilePath) + path);
         return false;
     }
     try {
@@ -111,7 +113,8 @@ bool ModelWriter::write(Model& model, const std::u16string& path) {
         return false;
     }
     if (!file.moveToTarget()) {
-        report(errors_, texts::kCouldNotOpenFileWriteKey, std::u16string(texts::kWriteFilePath) + path);
+        report(errors_, texts::kCouldNotOpenFileWriteKey,
+               std::u16string(texts::kWriteFilePath) + path);
         return false;
     }
     return true;
@@ -186,7 +189,8 @@ bool ModelWriter::writeInstances(Model& model, FileStream::OutpoutStream& out) {
             } catch (const std::exception& fault) {
                 report(errors_, "", widened(fault.what()));
                 report(errors_, "",
-                       std::u16string(texts::kErrorWritingEntity) + widened(std::to_string(instance_)));
+                       std::u16string(texts::kErrorWritingEntity) +
+                           widened(std::to_string(instance_)));
                 return false;
             }
         }

@@ -14,7 +14,8 @@ namespace IFC {
 
 class Model;
 
-/// Writes a model as an exchange file (ISO 10303-21): the header, then one instance per line in the model's order.
+/// Writes a model as an exchange file (ISO 10303-21): the header, then one instance per line in the
+/// model's order.
 class ModelWriter {
 public:
     /// @return false to stop. percent: 0 to 100 of the instances.
@@ -22,9 +23,10 @@ public:
 
     explicit ModelWriter(ErrorCallback errors, Progress progress = {});
 
-    /// Writes to `path`: ".ifc" plain, ".ifczip" zipped. The file appears there when it is complete; until then, and when
-    /// writing fails or is stopped, what was there before stays as it was.
-    /// The lists of the model's header are consumed; the header has to be filled again before a second write.
+    /// Writes to `path`: ".ifc" plain, ".ifczip" zipped. The file appears there when it is
+    /// complete; until then, and when writing fails or is stopped, what was there before stays as
+    /// it was. The lists of the model's header are consumed; the header has to be filled again
+    /// before a second write.
     /// @return whether the file was written.
     bool write(Model& model, const std::u16string& path);
 

@@ -20,8 +20,8 @@ voidpf ZCALLBACK openArchive(voidpf, const void* path, int mode) {
     return platform::openFile(name, (mode & ZLIB_FILEFUNC_MODE_CREATE) != 0 ? "wb" : "r+b");
 }
 
-/// Behind the end of the file come zeros: of an entry whose length the zip library does not know it asks for whole blocks,
-/// and takes a shorter one for a fault.
+/// Behind the end of the file come zeros: of an entry whose length the zip library does not know it
+/// asks for whole blocks, and takes a shorter one for a fault.
 uLong ZCALLBACK readArchive(voidpf, voidpf stream, void* bytes, uLong count) {
     const std::size_t read = std::fread(bytes, 1, count, fileOf(stream));
     if (std::ferror(fileOf(stream)) != 0)

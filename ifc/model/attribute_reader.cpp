@@ -27,7 +27,8 @@ bool endsArguments(const Token& token) {
            token.kind == TokenKind::EndOfFile;
 }
 
-/// Typed values and aggregates nest as deep as the schema says; a record that goes on is cut off here.
+/// Typed values and aggregates nest as deep as the schema says; a record that goes on is cut off
+/// here.
 constexpr unsigned kDeepestNesting = 16;
 
 }  // namespace
@@ -56,7 +57,8 @@ std::size_t AttributeReader::textPosition() const {
     return waiting && waiting->kind != TokenKind::EndOfFile ? length - 1 : length;  // ")" or ";"
 }
 
-/// The first token behind the value that was read last. What follows that value without a comma belongs to it.
+/// The first token behind the value that was read last. What follows that value without a comma
+/// belongs to it.
 const Token* AttributeReader::nextArgument() {
     const Token* token = nullptr;
     if (emptyArguments_ > 0) {
@@ -65,12 +67,13 @@ const Token* AttributeReader::nextArgument() {
         argumentBegin_ = textPosition();
         tokenizer_.clearTokens();
         token = tokenizer_.nextToken();
-        while (tokenizer_.separation() == 0 && !endsArguments(*token)) [[unlikely]] {
-            wrongArgument(u"CloseBracketToken", *token);
-            argumentBegin_ = textPosition();
-            tokenizer_.clearTokens();
-            token = tokenizer_.nextToken();
-        }
+        while (tokenizer_.separation() == 0 && !endsArguments(*token))
+            [[unlikely]] {
+                wrongArgument(u"CloseBracketToken", *token);
+                argumentBegin_ = textPosition();
+                tokenizer_.clearTokens();
+                token = tokenizer_.nextToken();
+            }
     }
     if (!damaged_.empty() && damaged_.back().text.end == kOpenEnd)
         damaged_.back().text.end = argumentBegin_;
@@ -189,7 +192,8 @@ void AttributeReader::wrongArgument(const char16_t* expected, const Token& found
     skipValue(found);
 }
 
-/// Skips the value that begins with `first`, up to the comma or bracket behind it, whatever it is made of.
+/// Skips the value that begins with `first`, up to the comma or bracket behind it, whatever it is
+/// made of.
 void AttributeReader::skipValue(const Token& first) {
     for (const Token* token = &first;; token = tokenizer_.nextToken()) {
         switch (token->kind) {
@@ -239,7 +243,8 @@ bool AttributeReader::readText(const Token& token, Text& value) {
     const std::size_t length = string.length();
     if (length > std::numeric_limits<std::uint32_t>::max())
         throw std::bad_alloc();
-    // In the second pass the text is there already. Not always in its place: an element of a list may have come before it.
+    // In the second pass the text is there already. Not always in its place: an element of a list
+    // may have come before it.
     const auto isThere = [&] {
         const std::u16string_view text = value.view();
         return string.decoded
@@ -414,7 +419,8 @@ void* AttributeReader::bind(const Token& identifier, const ClassInfo& declared) 
         context_.wrongReference(*target, declared);
     else
         context_.missingReference(name.exact);
-    // What was left out is not to be referred to in the output either; anything else is kept as it stands.
+    // What was left out is not to be referred to in the output either; anything else is kept as it
+    // stands.
     if (target || !context_.wasLeftOut(name.exact))
         damage();
     return nullptr;
@@ -442,8 +448,8 @@ void* AttributeReader::readSelect(void* previous, Need need, const ClassInfo& de
     return nullptr;
 }
 
-/// NAME(value), with `name` taken. previous: what stood in its place when the instance was read before; used again when it
-/// is of the same class.
+/// NAME(value), with `name` taken. previous: what stood in its place when the instance was read
+/// before; used again when it is of the same class.
 void* AttributeReader::typedValue(const Token& name, void* previous, const ClassInfo& declared) {
     const std::string_view key = as<EntityNameToken>(name).name;
     const ClassInfo* valueClass = context_.findValueClass(key);
@@ -644,7 +650,8 @@ void AttributeReader::selects(PointerSequence& values, Need need, const ClassInf
         if (token->kind == TokenKind::Identifier)
             part = bind(*token, declared);
         else if (token->kind == TokenKind::EntityName)
-            part = typedValue(*token, index < values.count ? values.items[index] : nullptr, declared);
+            part =
+                typedValue(*token, index < values.count ? values.items[index] : nullptr, declared);
         else
             wrongArgument(u"IdentifierToken", *token);
         if (part)

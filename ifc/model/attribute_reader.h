@@ -18,15 +18,17 @@ namespace IFC {
 
 class ReadContext;
 
-/// Whether the schema lets an attribute be "$". A missing mandatory value is reported; both read as not present.
+/// Whether the schema lets an attribute be "$". A missing mandatory value is reported; both read as
+/// not present.
 enum class Need : bool { Mandatory, Optional };
 inline constexpr Need kMandatory = Need::Mandatory;
 inline constexpr Need kOptional = Need::Optional;
 
-/// Reads the attributes of one instance from the tokenizer, one call per attribute in file order. A value of another kind
-/// than asked for is reported once and skipped with all that its brackets enclose; the attribute is then not present and
-/// reading goes on with the next one. An attribute that the record does not have any more is not present.
-/// Called again for an object that was read before (its references lay ahead of it), a call replaces the value.
+/// Reads the attributes of one instance from the tokenizer, one call per attribute in file order. A
+/// value of another kind than asked for is reported once and skipped with all that its brackets
+/// enclose; the attribute is then not present and reading goes on with the next one. An attribute
+/// that the record does not have any more is not present. Called again for an object that was read
+/// before (its references lay ahead of it), a call replaces the value.
 class AttributeReader {
 public:
     AttributeReader(Tokenizer& tokenizer, ReadContext& context);
@@ -78,12 +80,13 @@ public:
 
     /// To be called behind the record's opening bracket.
     void beginRecord();
-    /// Takes what stands before the record's closing bracket, and the bracket. What the class has no attribute for is
-    /// reported and skipped.
+    /// Takes what stands before the record's closing bracket, and the bracket. What the class has
+    /// no attribute for is reported and skipped.
     /// @return whether the record was closed; false when the statement or the file ends first.
     bool endRecord();
 
-    // What the record had, once it is ended. Places in the text are offsets into the tokenizer's statement.
+    // What the record had, once it is ended. Places in the text are offsets into the tokenizer's
+    // statement.
 
     struct TextRange {
         std::size_t begin = 0;
@@ -92,17 +95,18 @@ public:
     /// Attributes asked for, and how many of these the record had.
     std::uint32_t attributesAsked() const { return asked_; }
     std::uint32_t attributesFound() const { return found_; }
-    /// The text of the arguments behind the last attribute, with the `surplusCommas()` commas before them; empty when there
-    /// are none.
+    /// The text of the arguments behind the last attribute, with the `surplusCommas()` commas
+    /// before them; empty when there are none.
     TextRange surplusArguments() const { return surplus_; }
     unsigned surplusCommas() const { return surplusCommas_; }
-    /// An attribute that was not understood: its place in the record, and its text with the commas before it.
+    /// An attribute that was not understood: its place in the record, and its text with the commas
+    /// before it.
     struct DamagedAttribute {
         std::uint32_t place = 0;
         TextRange text;
     };
-    /// In ascending order. One that the end of the statement or of the file cuts off is left out: written back, it would
-    /// take in what follows it.
+    /// In ascending order. One that the end of the statement or of the file cuts off is left out:
+    /// written back, it would take in what follows it.
     std::span<const DamagedAttribute> damagedAttributes() const { return damaged_; }
     /// Places of attributes that were given as "*", of the first 64.
     std::uint64_t starredAttributes() const { return starred_; }
@@ -126,11 +130,11 @@ private:
         keepList<Element>(values, read);
     }
 
-    /// Notes that the current attribute was not understood. @return whether that is to be reported: once per attribute,
-    /// in the first pass.
+    /// Notes that the current attribute was not understood. @return whether that is to be reported:
+    /// once per attribute, in the first pass.
     bool damage();
-    /// Begins the next attribute, or what stands inside a typed value: takes its first token. @return null when it is
-    /// absent.
+    /// Begins the next attribute, or what stands inside a typed value: takes its first token.
+    /// @return null when it is absent.
     const Token* first(Need need);
     const Token* firstOfAttribute();
     const Token* nextArgument();
@@ -151,8 +155,8 @@ private:
     template <class Element>
     void keepList(Sequence<Element>& values, std::span<const Element> read) {
         if (values.count != read.size()) {
-            values.items = static_cast<Element*>(
-                listMemory(read.size(), sizeof(Element), alignof(Element)));
+            values.items =
+                static_cast<Element*>(listMemory(read.size(), sizeof(Element), alignof(Element)));
             values.count = static_cast<std::uint32_t>(read.size());
         }
         std::copy(read.begin(), read.end(), values.items);
@@ -178,19 +182,22 @@ private:
     ReadContext& context_;
     std::uint32_t asked_ = 0;
     std::uint32_t found_ = 0;
-    bool ended_ = false;             // the record has no more arguments
-    bool cut_ = false;               // the statement ended inside brackets
-    std::uint32_t attribute_ = 0;    // place of the current one in the record
-    std::size_t argumentBegin_ = 0;  // of the last argument begun in the statement's text, its comma included
+    bool ended_ = false;           // the record has no more arguments
+    bool cut_ = false;             // the statement ended inside brackets
+    std::uint32_t attribute_ = 0;  // place of the current one in the record
+    std::size_t argumentBegin_ =
+        0;  // of the last argument begun in the statement's text, its comma included
     std::size_t attributeBegin_ = 0;  // the same of the current attribute
-    unsigned emptyArguments_ = 0;    // empty ones in front of the pending token, as far as they were given
+    unsigned emptyArguments_ =
+        0;  // empty ones in front of the pending token, as far as they were given
     TextRange surplus_;
     unsigned surplusCommas_ = 0;
     std::vector<DamagedAttribute> damaged_;
     std::uint64_t starred_ = 0;
-    unsigned depth_ = 0;    // of aggregates and typed values; bounded by the schema
+    unsigned depth_ = 0;  // of aggregates and typed values; bounded by the schema
     std::vector<double> realScratch_;
-    std::vector<void*> pointerScratch_;  // a stack: lists may stand inside typed values inside lists
+    std::vector<void*>
+        pointerScratch_;  // a stack: lists may stand inside typed values inside lists
 };
 
 }  // namespace IFC

@@ -45,7 +45,8 @@ bool AttributeWriter::begin(bool present) {
     return present;
 }
 
-/// @return whether the attribute is done with: its text in the file was taken over, or the record had none.
+/// @return whether the attribute is done with: its text in the file was taken over, or the record
+/// had none.
 bool AttributeWriter::writeAsRead(std::uint32_t index, bool present) {
     if (index >= shape_->attributeCount)
         return true;
@@ -59,8 +60,8 @@ bool AttributeWriter::writeAsRead(std::uint32_t index, bool present) {
 
 void AttributeWriter::number(std::int64_t value) {
     char* const begin = out_.reserve(kLongestInteger);
-    out_.commit(static_cast<std::size_t>(std::to_chars(begin, begin + kLongestInteger, value).ptr -
-                                         begin));
+    out_.commit(
+        static_cast<std::size_t>(std::to_chars(begin, begin + kLongestInteger, value).ptr - begin));
 }
 
 void AttributeWriter::absent() { out_.append("$,"); }

@@ -15,16 +15,17 @@ namespace IFC {
 
 struct RecordShape;
 
-/// Writes the attributes of one instance, one call per attribute in file order, each followed by a comma; the caller takes
-/// the last comma back. Values that are not present become "$".
+/// Writes the attributes of one instance, one call per attribute in file order, each followed by a
+/// comma; the caller takes the last comma back. Values that are not present become "$".
 class AttributeWriter {
 public:
     explicit AttributeWriter(FileStream::OutpoutStream& out) : out_(out) {}
     AttributeWriter(const AttributeWriter&) = delete;
     AttributeWriter& operator=(const AttributeWriter&) = delete;
 
-    /// Starts a record. derived: the places of attributes (bit 0 for the first of the root supertype) that the object's
-    /// class derives; they are written as "*". shape: how the record was read, or null; lasts as long as the record.
+    /// Starts a record. derived: the places of attributes (bit 0 for the first of the root
+    /// supertype) that the object's class derives; they are written as "*". shape: how the record
+    /// was read, or null; lasts as long as the record.
     void beginRecord(std::uint64_t derived, const RecordShape* shape = nullptr) {
         index_ = 0;
         derived_ = derived;
@@ -73,8 +74,8 @@ public:
     static void appendString(FileStream::OutpoutStream& out, std::u16string_view text);
 
 private:
-    /// Counts the attribute; false when nothing more is to be written for it: it is derived, not present, or written as
-    /// it was read.
+    /// Counts the attribute; false when nothing more is to be written for it: it is derived, not
+    /// present, or written as it was read.
     bool begin(bool present);
     bool writeAsRead(std::uint32_t index, bool present);
     /// The same for a list; one inside another list or a typed value is no attribute of the record.
@@ -126,7 +127,8 @@ private:
     std::uint32_t index_ = 0;
     std::uint64_t derived_ = 0;
     const RecordShape* shape_ = nullptr;
-    unsigned depth_ = 0;  // of lists and typed values: what stands in one is no attribute of the record
+    unsigned depth_ =
+        0;  // of lists and typed values: what stands in one is no attribute of the record
 };
 
 }  // namespace IFC

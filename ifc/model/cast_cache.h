@@ -11,13 +11,14 @@
 
 namespace IFC {
 
-/// Dynamic casts to generated classes. What a cast gives depends only on the object's dynamic class and the target, so
-/// each pair is cast once and its offset remembered; a cast then costs 2 ns in place of 50 to 250.
+/// Dynamic casts to generated classes. What a cast gives depends only on the object's dynamic class
+/// and the target, so each pair is cast once and its offset remembered; a cast then costs 2 ns in
+/// place of 50 to 250.
 class CastCache {
 public:
     struct Result {
-        void* part;      ///< the object's part of the target class, null when it is not of it
-        bool editable;   ///< the object is a property, a quantity or a set of them
+        void* part;     ///< the object's part of the target class, null when it is not of it
+        bool editable;  ///< the object is a property, a quantity or a set of them
     };
 
     /// The part of `entity` (not null) that is of class `target`.
@@ -43,8 +44,8 @@ private:
     };
 
     static std::size_t slotOf(const std::type_info* type, const ClassInfo* target) {
-        const auto key = reinterpret_cast<std::uintptr_t>(type) * 31 +
-                         reinterpret_cast<std::uintptr_t>(target);
+        const auto key =
+            reinterpret_cast<std::uintptr_t>(type) * 31 + reinterpret_cast<std::uintptr_t>(target);
         return static_cast<std::size_t>((static_cast<std::uint64_t>(key) * 0x9E3779B97F4A7C15U) >>
                                         (64 - kSlotBits));
     }

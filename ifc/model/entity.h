@@ -35,8 +35,8 @@ struct EntityLinks {
     EntitySet referencing;  ///< entities whose attributes point to this one
 };
 
-/// Root of every object that stands in a DATA section. Always inherited virtually: one object has one IfcEntity part
-/// however many supertypes, views and selects lead to it.
+/// Root of every object that stands in a DATA section. Always inherited virtually: one object has
+/// one IfcEntity part however many supertypes, views and selects lead to it.
 class IfcEntity {
 public:
     /// Instance number of an entity that an edit removed; the writer leaves it out.
@@ -55,7 +55,8 @@ public:
     virtual bool isComplex() const = 0;
     /// Appends every entity that an attribute points to, the supertype's first, nulls left out.
     virtual void collectReferences(std::deque<IfcEntity*>& queue) const = 0;
-    /// Reads the attributes in file order, the supertype's first; may be called again on the same object.
+    /// Reads the attributes in file order, the supertype's first; may be called again on the same
+    /// object.
     virtual void readAttributes(AttributeReader& reader) = 0;
     /// Writes the attributes in file order, each followed by a comma.
     virtual void writeAttributes(AttributeWriter& writer) const = 0;
@@ -96,7 +97,8 @@ public:
     bool holdsReferences() const override { return false; }
 };
 
-/// The value inside an IfcSimpleType: exactly one pointer is set; `enumerationInfo` goes with `enumeration`.
+/// The value inside an IfcSimpleType: exactly one pointer is set; `enumerationInfo` goes with
+/// `enumeration`.
 struct SimpleValue {
     Text* text = nullptr;
     Real* real = nullptr;

@@ -28,8 +28,9 @@ EntityTable::Page* EntityTable::pageFor(std::uint32_t index) {
     if (number < pages_.size() && pages_[number])
         return pages_[number].get();
     // Neither the pages nor their directory may outgrow the entities by much.
-    const bool affordable = pageCount_ * kLeastFillPerPage <= size_ + kFirstPages * kLeastFillPerPage &&
-                            number <= size_ / 2 + kFirstDirectory;
+    const bool affordable =
+        pageCount_ * kLeastFillPerPage <= size_ + kFirstPages * kLeastFillPerPage &&
+        number <= size_ / 2 + kFirstDirectory;
     if (!affordable)
         return nullptr;
     if (number >= pages_.size())

@@ -10,8 +10,9 @@ namespace IFC {
 
 class IfcEntity;
 
-/// The model's entities by instance number (#n). Numbers that lie close together, as most programs write them, cost 8 bytes
-/// and one look-up in an array; single numbers far from all others go into a hash map.
+/// The model's entities by instance number (#n). Numbers that lie close together, as most programs
+/// write them, cost 8 bytes and one look-up in an array; single numbers far from all others go into
+/// a hash map.
 class EntityTable {
 public:
     /// Null when there is none. Numbers below 1 are never found.
@@ -30,8 +31,8 @@ public:
 
     /// The largest number entered or reserved so far, 0 for none.
     std::int32_t largestNumber() const { return largest_; }
-    /// Sees to it that no new entity gets a number that the file refers to, though nothing has it. Numbers so large that few
-    /// would be left for new entities are not reserved.
+    /// Sees to it that no new entity gets a number that the file refers to, though nothing has it.
+    /// Numbers so large that few would be left for new entities are not reserved.
     void reserve(std::int64_t number) {
         if (number > largest_ && number <= kLargestReserved)
             largest_ = static_cast<std::int32_t>(number);
@@ -40,7 +41,8 @@ public:
 
 private:
     static constexpr std::size_t kPageSize = 1024;
-    /// Beyond the first ones, a page is made only while the pages are, on average, at least this full.
+    /// Beyond the first ones, a page is made only while the pages are, on average, at least this
+    /// full.
     static constexpr std::size_t kLeastFillPerPage = 128;
     static constexpr std::size_t kFirstPages = 64;
     static constexpr std::int64_t kLargestReserved = std::int64_t{1} << 30;
@@ -55,7 +57,8 @@ private:
 
     std::vector<std::unique_ptr<Page>> pages_;
     std::size_t pageCount_ = 0;
-    std::unordered_map<std::uint32_t, IfcEntity*> sparse_;  // those whose page was not made when they came
+    std::unordered_map<std::uint32_t, IfcEntity*>
+        sparse_;  // those whose page was not made when they came
     std::size_t size_ = 0;
     std::int32_t largest_ = 0;
 };

@@ -20,8 +20,8 @@ MemoryPool::~MemoryPool() {
 }
 
 void* MemoryPool::allocateFromNewBlock(std::size_t bytes, std::size_t alignment) {
-    // Each block doubles what there is, so that a small model stays small and a large one has few blocks. What is not
-    // touched yet costs no memory.
+    // Each block doubles what there is, so that a small model stays small and a large one has few
+    // blocks. What is not touched yet costs no memory.
     const std::size_t usual =
         blocks_.empty() ? kFirstBlockBytes : std::min(blocks_.back().bytes * 2, kLargestBlockBytes);
     const std::size_t blockBytes = std::max(usual, bytes + alignment);

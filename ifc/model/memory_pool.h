@@ -10,9 +10,10 @@
 
 namespace IFC {
 
-/// The memory of one model: entities, their texts and their lists. Grows only; everything is given back at once when the
-/// pool ends, without running destructors, so that unloading a model of millions of instances frees a few hundred blocks.
-/// Objects placed here must therefore own nothing outside the pool.
+/// The memory of one model: entities, their texts and their lists. Grows only; everything is given
+/// back at once when the pool ends, without running destructors, so that unloading a model of
+/// millions of instances frees a few hundred blocks. Objects placed here must therefore own nothing
+/// outside the pool.
 class MemoryPool {
 public:
     MemoryPool() = default;
@@ -20,7 +21,8 @@ public:
     MemoryPool(const MemoryPool&) = delete;
     MemoryPool& operator=(const MemoryPool&) = delete;
 
-    /// Uninitialised bytes, valid as long as the pool. Throws std::bad_alloc when the system has no more.
+    /// Uninitialised bytes, valid as long as the pool. Throws std::bad_alloc when the system has no
+    /// more.
     void* allocate(std::size_t bytes, std::size_t alignment) {
         const std::size_t start = (next_ + alignment - 1) & ~(alignment - 1);
         if (start + bytes > end_ || start == 0)

@@ -12,8 +12,9 @@ namespace {
 
 std::string upperCase(std::string_view name) {
     std::string key(name);
-    std::transform(key.begin(), key.end(), key.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    std::transform(key.begin(), key.end(), key.begin(), [](char c) {
+        return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
     return key;
 }
 
@@ -40,13 +41,14 @@ Model::ClassRole Model::roleOf(IfcEntity* entity) {
     role.rooted = dynamic_cast<VirtualIfcRoot*>(entity) != nullptr;
     struct Special {
         std::string_view key;
-        IfcEntity* Model::* member;
+        IfcEntity* Model::*member;
     };
-    static constexpr std::array<Special, 5> kSpecials = {{{"IFCUNITASSIGNMENT", &Model::unitAssignment_},
-                                                          {"IFCPROJECT", &Model::project_},
-                                                          {"IFCSITE", &Model::site_},
-                                                          {"IFCBUILDING", &Model::building_},
-                                                          {"IFCOWNERHISTORY", &Model::ownerHistory_}}};
+    static constexpr std::array<Special, 5> kSpecials = {
+        {{"IFCUNITASSIGNMENT", &Model::unitAssignment_},
+         {"IFCPROJECT", &Model::project_},
+         {"IFCSITE", &Model::site_},
+         {"IFCBUILDING", &Model::building_},
+         {"IFCOWNERHISTORY", &Model::ownerHistory_}}};
     for (const Special& special : kSpecials) {
         if (entity->classInfo().key == special.key)
             role.special = special.member;
@@ -91,7 +93,8 @@ IfcEntity* Model::createValue(std::string_view key) {
 
 void Model::adopt(IfcEntity* entity) {
     // One past the largest number of 32 bits is negative, which setId refuses.
-    entity->setId(static_cast<std::int32_t>(static_cast<std::uint32_t>(table_.largestNumber()) + 1));
+    entity->setId(
+        static_cast<std::int32_t>(static_cast<std::uint32_t>(table_.largestNumber()) + 1));
     add(entity);
 }
 

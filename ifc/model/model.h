@@ -17,7 +17,8 @@
 
 namespace IFC {
 
-/// One IFC model in memory: its header and its entities, all of one schema release. Owns every entity; they end with it.
+/// One IFC model in memory: its header and its entities, all of one schema release. Owns every
+/// entity; they end with it.
 class Model {
 public:
     /// classes: every entity and value class of the release, for the whole run.
@@ -34,7 +35,8 @@ public:
 
     /// Null when there is none; deleted entities are found.
     IfcEntity* find(std::int32_t number) const { return table_.find(number); }
-    /// The entities in the order in which they were read, new ones behind them, deleted ones included.
+    /// The entities in the order in which they were read, new ones behind them, deleted ones
+    /// included.
     const std::deque<IfcEntity*>& entities() const { return order_; }
     /// Rooted entities (those that have a GUID), in the same order.
     const std::vector<IfcEntity*>& rooted() const { return rooted_; }
@@ -42,17 +44,20 @@ public:
     /// key: upper-case name. Null when the release has no such entity or value class.
     const ClassInfo* findClass(std::string_view key) const;
 
-    /// Enters an entity that has its number. @return false, with nothing changed, when the number is taken.
+    /// Enters an entity that has its number. @return false, with nothing changed, when the number
+    /// is taken.
     bool add(IfcEntity* entity);
-    /// A new entity of a class given by name in any case, with the next free number, entered. Reports through `errors` and
-    /// returns null when the release has no such class.
+    /// A new entity of a class given by name in any case, with the next free number, entered.
+    /// Reports through `errors` and returns null when the release has no such class.
     IfcEntity* createEntity(std::string_view name, const ErrorCallback& errors);
-    /// A new value of a defined type ("IFCLABEL"), unnamed. Null when the release has no such value class.
+    /// A new value of a defined type ("IFCLABEL"), unnamed. Null when the release has no such value
+    /// class.
     IfcEntity* createValue(std::string_view key);
     /// Gives `entity`, which was made by copying, the next free number and enters it.
     void adopt(IfcEntity* entity);
 
-    /// The object with that GUID, null when there is none. New and changed GUIDs are found after registerGuid().
+    /// The object with that GUID, null when there is none. New and changed GUIDs are found after
+    /// registerGuid().
     IfcEntity* findByGuid(std::u16string_view guid) const;
     /// guid: stored in the pool. @return false when another entity has it already.
     bool registerGuid(std::u16string_view guid, IfcEntity* entity);
@@ -64,17 +69,20 @@ public:
     IfcEntity* building() const { return building_; }
     IfcEntity* ownerHistory() const { return ownerHistory_; }
 
-    /// Fills the referencing sets of properties, quantities and their sets from the entities noted while reading. Does
-    /// nothing the second time.
+    /// Fills the referencing sets of properties, quantities and their sets from the entities noted
+    /// while reading. Does nothing the second time.
     void recordReferencing();
     void noteEditableOwners(std::vector<IfcEntity*> owners) { editableOwners_ = std::move(owners); }
     /// Enters what `owner` refers to into the targets' referencing sets.
     void recordReferencesOf(IfcEntity* owner);
 
-    void keepShape(const IfcEntity* entity, RecordShape shape) { shapes_[entity] = std::move(shape); }
+    void keepShape(const IfcEntity* entity, RecordShape shape) {
+        shapes_[entity] = std::move(shape);
+    }
     /// Null for a record of the usual shape.
     const RecordShape* shapeOf(const IfcEntity* entity) const;
-    /// To be called before an entity is changed: what it has then counts, not the record that was read.
+    /// To be called before an entity is changed: what it has then counts, not the record that was
+    /// read.
     void markEdited(const IfcEntity* entity);
     /// Gives a copy of an entity the original's shape.
     void copyShape(const IfcEntity* from, const IfcEntity* to);
@@ -83,7 +91,7 @@ public:
     /// What a class is to the model, found once per class.
     struct ClassRole {
         bool rooted = false;
-        IfcEntity* Model::* special = nullptr;
+        IfcEntity* Model::*special = nullptr;
     };
     /// entity: any object of the class.
     static ClassRole roleOf(IfcEntity* entity);

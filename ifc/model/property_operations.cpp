@@ -33,7 +33,8 @@ std::string keyOf(std::u16string_view name) {
 }
 
 bool isSingleOrQuantity(IfcEntity* member) {
-    return dynamic_cast<VIfcPropertySingleValue*>(member) || dynamic_cast<VQuantityProperty*>(member);
+    return dynamic_cast<VIfcPropertySingleValue*>(member) ||
+           dynamic_cast<VQuantityProperty*>(member);
 }
 
 std::u16string_view memberName(IfcEntity* member) {
@@ -272,7 +273,8 @@ void PropertyOperations::relate(IfcEntity* object, IfcEntity* set) {
     if (!view)
         return;
     if (!view->addRelatedObject(model_.pool(), object)) {
-        reportText(std::u16string(texts::kObjectTakesNoSet) + widened(std::to_string(object->id())));
+        reportText(std::u16string(texts::kObjectTakesNoSet) +
+                   widened(std::to_string(object->id())));
         relation->markDeleted();
         return;
     }
@@ -287,7 +289,8 @@ IfcEntity* PropertyOperations::newSet(bool quantities, IfcEntity* object, std::u
     if (!view)
         return nullptr;
     if (!view->addRelatedObject(model_.pool(), object)) {
-        reportText(std::u16string(texts::kObjectTakesNoSet) + widened(std::to_string(object->id())));
+        reportText(std::u16string(texts::kObjectTakesNoSet) +
+                   widened(std::to_string(object->id())));
         relation->markDeleted();
         return nullptr;
     }
@@ -359,7 +362,8 @@ bool PropertyOperations::addMember(IfcEntity* set, IfcEntity* object, const IfcP
     return true;
 }
 
-/// A property or quantity with the record's name, value and unit; null, and nothing is left, when it cannot be made.
+/// A property or quantity with the record's name, value and unit; null, and nothing is left, when
+/// it cannot be made.
 IfcEntity* PropertyOperations::newMember(const IfcProperty& record) {
     const bool quantity = !record.quantityType.empty();
     const std::string key = quantity ? keyOf(record.quantityType) : "IFCPROPERTYSINGLEVALUE";
@@ -430,7 +434,8 @@ bool PropertyOperations::EditPropertyInModel(std::u16string_view objectGuid,
         return true;
     reportText(std::u16string(texts::kUnableToEdit) + u"\n" + std::u16string(texts::kObjectGuid) +
                std::u16string(objectGuid) + u"\n" + std::u16string(texts::kSetGuid) +
-               std::u16string(setGuid) + u"\n" + std::u16string(texts::kPropertyName) + record.name);
+               std::u16string(setGuid) + u"\n" + std::u16string(texts::kPropertyName) +
+               record.name);
     return false;
 }
 
@@ -455,8 +460,8 @@ bool PropertyOperations::editMember(IfcEntity* set, IfcEntity* object, IfcEntity
                    std::u16string(memberName(member)));
         return false;
     }
-    const bool staysOfKind = record.quantityType.empty() ||
-                             keyOf(record.quantityType) == member->classInfo().key;
+    const bool staysOfKind =
+        record.quantityType.empty() || keyOf(record.quantityType) == member->classInfo().key;
     if (!staysOfKind) {
         const bool done = addMember(set, object, record);
         if (done)
@@ -542,7 +547,8 @@ bool PropertyOperations::setValue(IfcEntity* property, const IfcProperty& record
     return false;
 }
 
-/// The record's value in the class that it names, else in the class that the property had, else in that of its kind.
+/// The record's value in the class that it names, else in the class that the property had, else in
+/// that of its kind.
 IfcEntity* PropertyOperations::convertedValue(IfcEntity* old, const IfcProperty& record) {
     const std::u16string reportBegin = std::u16string(texts::kProperty) + record.name;
     const std::string named = keyOf(record.entityName);
@@ -579,8 +585,8 @@ bool PropertyOperations::setUnit(IfcEntity* property, const IfcProperty& record)
         return true;
     IfcEntity* unit = siUnit(record.prefix, record.unit);
     if (!unit) {
-        reportText(std::u16string(texts::kProperty) + record.name + std::u16string(texts::kUnknownUnit) +
-                   record.prefix + record.unit);
+        reportText(std::u16string(texts::kProperty) + record.name +
+                   std::u16string(texts::kUnknownUnit) + record.prefix + record.unit);
         return false;
     }
     auto* single = dynamic_cast<VIfcPropertySingleValue*>(property);
@@ -591,7 +597,8 @@ bool PropertyOperations::setUnit(IfcEntity* property, const IfcProperty& record)
     return false;
 }
 
-/// The model's unit of that name and prefix (empty for none), made when it has none. Null for names that do not exist.
+/// The model's unit of that name and prefix (empty for none), made when it has none. Null for names
+/// that do not exist.
 IfcEntity* PropertyOperations::siUnit(std::u16string_view prefix, std::u16string_view unit) {
     std::string_view type;
     try {

@@ -10,7 +10,8 @@
 
 namespace IFC {
 
-/// What an AttributeReader needs of the model being read, and whom it tells about trouble. The parser implements it.
+/// What an AttributeReader needs of the model being read, and whom it tells about trouble. The
+/// parser implements it.
 class ReadContext {
 public:
     ReadContext(MemoryPool& modelPool, EntityTable& modelEntities)
@@ -26,7 +27,8 @@ public:
     virtual void numberOutOfRange() = 0;
     virtual void malformedNumber() = 0;
     virtual void missingReference(std::int64_t number) = 0;
-    /// Whether the file has an instance of that number which the model has not, because its type is unknown.
+    /// Whether the file has an instance of that number which the model has not, because its type is
+    /// unknown.
     virtual bool wasLeftOut(std::int64_t number) const = 0;
     /// `target` is not of the class that the attribute declares.
     virtual void wrongReference(const IfcEntity& target, const ClassInfo& declared) = 0;
@@ -35,8 +37,8 @@ public:
     /// Looks a value class up by its upper-case name. @return null, unreported, when there is none.
     virtual const ClassInfo* findValueClass(std::string_view name) = 0;
 
-    /// A reference from the instance being read to a property, a quantity or a set of them: kept so that sharing can be
-    /// found out without visiting every entity of the model.
+    /// A reference from the instance being read to a property, a quantity or a set of them: kept so
+    /// that sharing can be found out without visiting every entity of the model.
     void noteEditableReference() {
         if (editableOwners.empty() || editableOwners.back() != owner)
             editableOwners.push_back(owner);
@@ -47,7 +49,8 @@ public:
     CastCache casts;
     IfcEntity* owner = nullptr;  ///< the instance being read
     std::vector<IfcEntity*> editableOwners;
-    /// Set when a reference of the instance being read could not be bound; it is read once more when all are known.
+    /// Set when a reference of the instance being read could not be bound; it is read once more
+    /// when all are known.
     bool needsSecondPass = false;
     /// Second reading: everything but references was reported the first time.
     bool bindingPass = false;

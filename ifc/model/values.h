@@ -5,15 +5,16 @@
 #include <string_view>
 #include <type_traits>
 
-/// How attribute values are held inside the generated classes. All storage behind a pointer belongs to the model's
-/// MemoryPool and is never changed after reading: who edits a text or a list puts a new one in its place, so copies of an
-/// entity may share them.
+/// How attribute values are held inside the generated classes. All storage behind a pointer belongs
+/// to the model's MemoryPool and is never changed after reading: who edits a text or a list puts a
+/// new one in its place, so copies of an entity may share them.
 namespace IFC {
 
 class IfcEntity;
 struct ClassInfo;
 
-/// STRING and the defined types on it: UTF-16 units; "$" when not present, which is not the same as ''.
+/// STRING and the defined types on it: UTF-16 units; "$" when not present, which is not the same as
+/// ''.
 struct Text {
     const char16_t* units = nullptr;
     std::uint32_t length = 0;
@@ -59,7 +60,8 @@ struct Enumeration {
     bool present = false;
 };
 
-/// LIST, SET, BAG and ARRAY of any element but entities and selects. "()" is present and empty, "$" is not present.
+/// LIST, SET, BAG and ARRAY of any element but entities and selects. "()" is present and empty, "$"
+/// is not present.
 template <class Element>
 struct Sequence {
     static_assert(std::is_trivially_destructible_v<Element>);
@@ -71,8 +73,9 @@ struct Sequence {
     std::span<const Element> view() const { return {items, count}; }
 };
 
-/// LIST, SET, BAG and ARRAY of entities or selects, without their class: each item points to the part of the object that
-/// is of the declared class (a null item is a reference that could not be bound).
+/// LIST, SET, BAG and ARRAY of entities or selects, without their class: each item points to the
+/// part of the object that is of the declared class (a null item is a reference that could not be
+/// bound).
 struct PointerSequence {
     void** items = nullptr;
     std::uint32_t count = 0;

@@ -5,10 +5,11 @@
 
 #include "ifc/model/entity.h"
 
-/// What the editing code sees of the generated classes of any release: one abstract class per kind of object, reached by
-/// dynamic_cast from an IfcEntity. No view holds data. Texts given to a setter are copied into `pool`, which is the model's;
-/// a null entity stands for "not set". Setters that take an IfcEntity return false, and change nothing, when it is not of
-/// the class that the attribute declares.
+/// What the editing code sees of the generated classes of any release: one abstract class per kind
+/// of object, reached by dynamic_cast from an IfcEntity. No view holds data. Texts given to a
+/// setter are copied into `pool`, which is the model's; a null entity stands for "not set". Setters
+/// that take an IfcEntity return false, and change nothing, when it is not of the class that the
+/// attribute declares.
 namespace IFC {
 
 /// IfcRoot and so every rooted entity.
@@ -52,7 +53,8 @@ class VIfcElementQuantitySet : public virtual IfcEntity {
 public:
     /// Appends the quantities in file order.
     virtual void quantities(std::vector<IfcEntity*>& out) const = 0;
-    /// Puts `replacement` in the place of `quantity`; a null `quantity` appends, a null `replacement` takes out.
+    /// Puts `replacement` in the place of `quantity`; a null `quantity` appends, a null
+    /// `replacement` takes out.
     virtual bool replaceQuantity(MemoryPool& pool, IfcEntity* quantity, IfcEntity* replacement) = 0;
 };
 
@@ -79,8 +81,9 @@ public:
 /// Objects that can make a copy of themselves.
 class Prototype : public virtual IfcEntity {
 public:
-    /// A new object of the same class in `pool` with the same attribute values; lists and texts are shared, which is safe
-    /// because they are never changed in place. The number is the original's until the caller gives another.
+    /// A new object of the same class in `pool` with the same attribute values; lists and texts are
+    /// shared, which is safe because they are never changed in place. The number is the original's
+    /// until the caller gives another.
     virtual IfcEntity* clone(MemoryPool& pool) const = 0;
 };
 
@@ -97,7 +100,8 @@ public:
 /// IfcQuantityArea, …Count, …Length, …Time, …Volume, …Weight and …Number.
 class VQuantityProperty : public virtual VIfcProperty, public virtual Prototype {
 public:
-    /// The attribute that holds the quantity's value: `real` or `integer` is set. Never null otherwise.
+    /// The attribute that holds the quantity's value: `real` or `integer` is set. Never null
+    /// otherwise.
     virtual SimpleValue quantityValue() = 0;
     virtual IfcEntity* quantityUnit() const = 0;
     /// Also false when the release has no unit on quantities.
@@ -111,11 +115,12 @@ public:
     virtual void units(std::vector<IfcEntity*>& out) const = 0;
 };
 
-/// IfcNamedUnit and its subtypes, IfcDerivedUnit and IfcMonetaryUnit. Shares its name with the schema's select, from which
-/// it is distinct.
+/// IfcNamedUnit and its subtypes, IfcDerivedUnit and IfcMonetaryUnit. Shares its name with the
+/// schema's select, from which it is distinct.
 class IfcUnit : public virtual IfcEntity {
 public:
-    /// The name of the unit's type without dots ("LENGTHUNIT"); empty when it has none (IfcMonetaryUnit).
+    /// The name of the unit's type without dots ("LENGTHUNIT"); empty when it has none
+    /// (IfcMonetaryUnit).
     virtual std::string_view unitType() const = 0;
 };
 
@@ -130,7 +135,8 @@ public:
     virtual std::string_view unitName() const = 0;
 };
 
-/// IfcConversionBasedUnit, IfcContextDependentUnit and IfcMonetaryUnit (its currency): units known by a name.
+/// IfcConversionBasedUnit, IfcContextDependentUnit and IfcMonetaryUnit (its currency): units known
+/// by a name.
 class VirtualNamedUnit : public virtual IfcEntity {
 public:
     virtual std::u16string_view displayName() const = 0;

@@ -58,7 +58,9 @@ IfcProperty added(std::u16string name, std::u16string value, std::u16string valu
     return property(kPropertyAdded, std::move(name), std::move(value), std::move(valueType));
 }
 
-IfcProperty deleted(std::u16string name) { return property(kPropertyDeleted, std::move(name), u""); }
+IfcProperty deleted(std::u16string name) {
+    return property(kPropertyDeleted, std::move(name), u"");
+}
 
 IfcProperty renamed(std::u16string from, std::u16string to) {
     IfcProperty record = edited(std::move(from), u"");
@@ -114,13 +116,12 @@ const std::string kSet =
 const std::string kOwn = kWalls + kSet + "#40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10),#30);\n";
 const std::string kShared =
     kWalls + kSet + "#40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10,#11,#12),#30);\n";
-const std::string kQuantities =
-    kWalls +
-    "#15=IFCSIUNIT(*,.LENGTHUNIT.,.MILLI.,.METRE.);\n"
-    "#20=IFCQUANTITYLENGTH('L',$,#15,2000.,$);\n"
-    "#21=IFCQUANTITYCOUNT('N',$,$,4.,$);\n"
-    "#30=IFCELEMENTQUANTITY('q1',$,'Q',$,$,(#20,#21));\n"
-    "#40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10),#30);\n";
+const std::string kQuantities = kWalls +
+                                "#15=IFCSIUNIT(*,.LENGTHUNIT.,.MILLI.,.METRE.);\n"
+                                "#20=IFCQUANTITYLENGTH('L',$,#15,2000.,$);\n"
+                                "#21=IFCQUANTITYCOUNT('N',$,$,4.,$);\n"
+                                "#30=IFCELEMENTQUANTITY('q1',$,'Q',$,$,(#20,#21));\n"
+                                "#40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10),#30);\n";
 
 const std::vector<Case>& cases() {
     static const std::vector<Case> kCases = {
@@ -175,11 +176,10 @@ const std::vector<Case>& cases() {
                     "- #40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10),#30);\n",
          .reports = {}},
         {.title = "an enumerated property keeps its set alive and itself untouched",
-         .data = kWalls +
-                 "#20=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
-                 "#22=IFCPROPERTYENUMERATEDVALUE('E',$,(IFCLABEL('p')),$);\n"
-                 "#30=IFCPROPERTYSET('s1',$,'Set',$,(#20,#22));\n"
-                 "#40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10),#30);\n",
+         .data = kWalls + "#20=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
+                          "#22=IFCPROPERTYENUMERATEDVALUE('E',$,(IFCLABEL('p')),$);\n"
+                          "#30=IFCPROPERTYSET('s1',$,'Set',$,(#20,#22));\n"
+                          "#40=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(#10),#30);\n",
          .edits = {.editedSets = {set(u"s1", u"Set", {deleted(u"A"), edited(u"E", u"q")})}},
          .changes = "- #20=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
                     "- #30=IFCPROPERTYSET('s1',$,'Set',$,(#20,#22));\n"
@@ -250,9 +250,9 @@ const std::vector<Case>& cases() {
          .reports = {}},
         {.title = "quantities change their number; what is none changes nothing",
          .data = kQuantities,
-         .edits = {.editedSets = {set(u"q1", u"Q",
-                                      {withUnit(edited(u"L", u"2"), u"", u"METRE"),
-                                       edited(u"N", u"many")})}},
+         .edits = {.editedSets = {set(
+                       u"q1", u"Q",
+                       {withUnit(edited(u"L", u"2"), u"", u"METRE"), edited(u"N", u"many")})}},
          .changes = "- #20=IFCQUANTITYLENGTH('L',$,#15,2000.,$);\n"
                     "+ #20=IFCQUANTITYLENGTH('L',$,#41,2.,$);\n"
                     "+ #41=IFCSIUNIT(*,.LENGTHUNIT.,$,.METRE.);\n",
@@ -376,7 +376,8 @@ TEST(ApplyEdits, ReachTheChosenObjectAndNothingElse) {
     }
 }
 
-/// A hundred walls share a set; each gets another value, and the shared one goes when nobody has it any more.
+/// A hundred walls share a set; each gets another value, and the shared one goes when nobody has it
+/// any more.
 TEST(ApplyEdits, OneAfterAnotherDissolveASharedSet) {
     constexpr int kWallCount = 100;
     std::string data;
@@ -386,9 +387,11 @@ TEST(ApplyEdits, OneAfterAnotherDissolveASharedSet) {
         data += "#" + number + "=IFCWALL('w" + number + "',$,$,$,$,$,$,$,$);\n";
         list += (wall == 1 ? "#" : ",#") + number;
     }
-    data += "#900=IFCPROPERTYSINGLEVALUE('A',$,IFCINTEGER(0),$);\n"
-            "#901=IFCPROPERTYSET('s1',$,'Set',$,(#900));\n"
-            "#902=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(" + list + "),#901);\n";
+    data +=
+        "#900=IFCPROPERTYSINGLEVALUE('A',$,IFCINTEGER(0),$);\n"
+        "#901=IFCPROPERTYSET('s1',$,'Set',$,(#900));\n"
+        "#902=IFCRELDEFINESBYPROPERTIES('r1',$,$,$,(" +
+        list + "),#901);\n";
     ReadModel read(stepFile(data));
     ASSERT_TRUE(read.loaded());
     FileEdits edits;

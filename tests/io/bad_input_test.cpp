@@ -1,4 +1,5 @@
-// Damaged files, found and made: reading ends, says what is wrong, and what was read can be written.
+// Damaged files, found and made: reading ends, says what is wrong, and what was read can be
+// written.
 
 #include <gtest/gtest.h>
 
@@ -12,12 +13,12 @@
 
 namespace {
 
-/// Damaged files in which nothing is missed: what is wrong in them stands where the reader does not look, or is text of any
-/// bytes inside a string.
+/// Damaged files in which nothing is missed: what is wrong in them stands where the reader does not
+/// look, or is text of any bytes inside a string.
 const std::set<std::string> kNothingToReport = {
-    "invalid/double_semicolon.ifc",        "invalid/header_extra_entity.ifc",
-    "invalid/header_too_many_fields.ifc",  "invalid/truncated_signature.ifc",
-    "invalid/utf_encoding.ifc",            "invalid/vectorworks_sjis.ifc",
+    "invalid/double_semicolon.ifc",       "invalid/header_extra_entity.ifc",
+    "invalid/header_too_many_fields.ifc", "invalid/truncated_signature.ifc",
+    "invalid/utf_encoding.ifc",           "invalid/vectorworks_sjis.ifc",
 };
 
 class BadInput : public testing::TestWithParam<std::string> {};
@@ -27,8 +28,7 @@ TEST_P(BadInput, IsReportedAndReadOver) {
         GTEST_SKIP() << "no sample models in " << sharedFolder();
     int reports = 0;
     IFC::ModelParser parser([&](const char*, const char16_t*, int) { ++reports; }, {});
-    const bool loaded =
-        parser.load((sharedFolder() / "models" / GetParam()).u16string());
+    const bool loaded = parser.load((sharedFolder() / "models" / GetParam()).u16string());
     EXPECT_EQ(reports == 0, kNothingToReport.contains(GetParam()));
     if (!loaded)
         return;
@@ -63,7 +63,8 @@ TEST(BadInput, ReadsBackTheSameAfterAnyDamage) {
         "#4=IFCSIUNIT(*,.LENGTHUNIT.,.MILLI.,.METRE.);\n"
         "#5=IFCINDEXEDPOLYCURVE(#6,(IFCLINEINDEX((1,2)),IFCARCINDEX((2,3,4))),.F.);\n"
         "#6=IFCCARTESIANPOINTLIST3D(((0.,0.,0.),(1.,2.,3.)));\n"
-        "#7=IFCTRIMMEDCURVE(#9,(#8,IFCPARAMETERVALUE(0.)),(IFCPARAMETERVALUE(1.)),.T.,.CARTESIAN.);\n"
+        "#7=IFCTRIMMEDCURVE(#9,(#8,IFCPARAMETERVALUE(0.)),(IFCPARAMETERVALUE(1.)),.T.,.CARTESIAN.);"
+        "\n"
         "#8=IFCCARTESIANPOINT((0.,0.));\n");
     std::mt19937 random(1);
     for (int round = 0; round < 300; ++round) {

@@ -111,8 +111,8 @@ TEST(ModelParser, KeepsOrderAndNumbers) {
 
 TEST(ModelParser, LeavesOutWhatTheReleaseDoesNotKnow) {
     constexpr ReadCase kCases[] = {
-        {"#1=IFCFOO('#9=;',(#2),X(.A.));\n#2=IFCVERTEX);\n", "8 #1 Entity named: IFCFOO not found\n",
-         "#2=IFCVERTEX);\n"},
+        {"#1=IFCFOO('#9=;',(#2),X(.A.));\n#2=IFCVERTEX);\n",
+         "8 #1 Entity named: IFCFOO not found\n", "#2=IFCVERTEX);\n"},
         {"#1=IFCLABEL('x');\n", "8 #1 Entity named: IFCLABEL not found\n", ""},
         {"#1=ifcvertex();\n", "8 #1 Entity named: ifcvertex not found\n", ""},
         {"#7=IFCORGANIZATION($,'first',$,$,$);\n#7=IFCORGANIZATION($,'second',$,$,$);\n",
@@ -147,7 +147,8 @@ TEST(ModelParser, WritesWrongArgumentsBackAsTheyWere) {
          "8 #1 Expected: StringToken. Got: IntegerDataTypeToken./\n"
          "8 #1 Expected: StringToken. Got: enumeration value./\n",
          "="},
-        {"#1=IFCCARTESIANPOINT('x');\n", "8 #1 Expected: OpenBracketToken. Got: StringToken./\n", "="},
+        {"#1=IFCCARTESIANPOINT('x');\n", "8 #1 Expected: OpenBracketToken. Got: StringToken./\n",
+         "="},
         {"#1=IFCCARTESIANPOINT((1.,'x',.A.,3.));\n",
          "8 #1 Expected: RealDataTypeToken. Got: StringToken./\n", "="},
         {"#1=IFCQUANTITYCOUNT('n',$,'u',(1.,(2.)),'f');\n",
@@ -240,11 +241,12 @@ TEST(ModelParser, KeepsReferencesToNothingAndToTheWrongClass) {
 }
 
 TEST(ModelParser, BindsReferencesInBothDirections) {
-    ReadModel read(stepFile("#1=IFCPERSONANDORGANIZATION(#2,#3,(#4,#5));\n"
-                            "#2=IFCPERSON($,'p',$,$,$,$,$,$);\n"
-                            "#4=IFCACTORROLE(.OWNER.,$,$);\n"
-                            "#3=IFCORGANIZATION($,'o',$,(#4),$);\n"
-                            "#5=IFCACTORROLE(.USERDEFINED.,'#6=IFCVERTEX();',$);\n"));
+    ReadModel read(
+        stepFile("#1=IFCPERSONANDORGANIZATION(#2,#3,(#4,#5));\n"
+                 "#2=IFCPERSON($,'p',$,$,$,$,$,$);\n"
+                 "#4=IFCACTORROLE(.OWNER.,$,$);\n"
+                 "#3=IFCORGANIZATION($,'o',$,(#4),$);\n"
+                 "#5=IFCACTORROLE(.USERDEFINED.,'#6=IFCVERTEX();',$);\n"));
     ASSERT_TRUE(read.loaded());
     EXPECT_EQ(read.reports(), "");
     std::deque<IFC::IfcEntity*> targets;
@@ -257,17 +259,19 @@ TEST(ModelParser, BindsReferencesInBothDirections) {
 }
 
 TEST(ModelParser, GivesNoNewEntityANumberThatTheFileRefersTo) {
-    ReadModel read(stepFile("#1=IFCEDGE(#8,#1000000000000);\n#2=IFCEDGE(#2147483647,#1);\n"
-                            "#9=IFCFOO();\n"));
+    ReadModel read(
+        stepFile("#1=IFCEDGE(#8,#1000000000000);\n#2=IFCEDGE(#2147483647,#1);\n"
+                 "#9=IFCFOO();\n"));
     ASSERT_TRUE(read.loaded());
     EXPECT_EQ(read.model().createEntity("IfcVertex", {})->id(), 10);
 }
 
 TEST(ModelParser, RepairsMissingAndRepeatedGuids) {
-    ReadModel read(stepFile("#1=IFCWALL('0000000000000000000001',$,$,$,$,$,$,$,$);\n"
-                            "#2=IFCWALL('',$,$,$,$,$,$,$,$);\n"
-                            "#3=IFCSLAB('0000000000000000000001',$,$,$,$,$,$,$,$);\n"
-                            "#4=IFCWALL(7,$,$,$,$,$,$,$,$);\n"));
+    ReadModel read(
+        stepFile("#1=IFCWALL('0000000000000000000001',$,$,$,$,$,$,$,$);\n"
+                 "#2=IFCWALL('',$,$,$,$,$,$,$,$);\n"
+                 "#3=IFCSLAB('0000000000000000000001',$,$,$,$,$,$,$,$);\n"
+                 "#4=IFCWALL(7,$,$,$,$,$,$,$,$);\n"));
     ASSERT_TRUE(read.loaded());
     const auto guid = [&](int number) {
         auto* root = dynamic_cast<IFC::VirtualIfcRoot*>(read.model().find(number));
@@ -279,19 +283,26 @@ TEST(ModelParser, RepairsMissingAndRepeatedGuids) {
         EXPECT_EQ(read.model().findByGuid(platform::fromUtf8(guid(number))),
                   read.model().find(number));
     }
-    EXPECT_EQ(read.reports(),
-              "11 #4 Expected: StringToken. Got: IntegerDataTypeToken./\n"
-              "0 #0 Object IfcWall has no GUID. Generating new GUID: " + guid(2) + "/"
-              "Object with GUID: \"0000000000000000000001\" already exists. Multiple GUIDs are not "
-              "allowed. New GUID will be created for this object: \"" + guid(3) + "\"/"
-              "Object IfcWall has no GUID. Generating new GUID: " + guid(4) + "/\n");
+    EXPECT_EQ(
+        read.reports(),
+        "11 #4 Expected: StringToken. Got: IntegerDataTypeToken./\n"
+        "0 #0 Object IfcWall has no GUID. Generating new GUID: " +
+            guid(2) +
+            "/"
+            "Object with GUID: \"0000000000000000000001\" already exists. Multiple GUIDs are not "
+            "allowed. New GUID will be created for this object: \"" +
+            guid(3) +
+            "\"/"
+            "Object IfcWall has no GUID. Generating new GUID: " +
+            guid(4) + "/\n");
     EXPECT_NE(stepOf(read.model()).find("#4=IFCWALL('" + guid(4) + "',$,"), std::string::npos);
 }
 
 TEST(ModelParser, FindsTheInstancesThatEditingNeeds) {
-    ReadModel read(stepFile("#5=IFCOWNERHISTORY($,$,$,$,$,$,$,0);\n#1=IFCUNITASSIGNMENT(());\n"
-                            "#6=IFCOWNERHISTORY($,$,$,$,$,$,$,0);\n"
-                            "#2=IFCPROJECT('0000000000000000000001',$,$,$,$,$,$,$,$);\n"));
+    ReadModel read(
+        stepFile("#5=IFCOWNERHISTORY($,$,$,$,$,$,$,0);\n#1=IFCUNITASSIGNMENT(());\n"
+                 "#6=IFCOWNERHISTORY($,$,$,$,$,$,$,0);\n"
+                 "#2=IFCPROJECT('0000000000000000000001',$,$,$,$,$,$,$,$);\n"));
     ASSERT_TRUE(read.loaded());
     EXPECT_EQ(read.parser().ownerHistory(), read.model().find(5));
     EXPECT_EQ(read.parser().unitAssignment(), read.model().find(1));
@@ -310,35 +321,41 @@ TEST(ModelParser, WithoutAModelSaysThatItIsNotInitialized) {
     EXPECT_EQ(parser.ownerHistory(), nullptr);
     EXPECT_EQ(parser.iso(), u"");
     EXPECT_EQ(parser.memoryPool(), nullptr);
-    EXPECT_EQ(log.entries,
-              (std::vector<std::string>{
-                  "|Parser is not initialized. Unable to get file path",
-                  "|Parser is not initialized. Unable to get header info.",
-                  "|Parser is not initialized. Unable to get IfcUnitAssignment.",
-                  "|Parser is not initialized. Unable to get IfcOwnerHistory.",
-                  "|Parser is not initialized. Unable to get ISO.",
-                  "|Parser is not initialized. Unable to get MemmoryPool."}));
+    EXPECT_EQ(log.entries, (std::vector<std::string>{
+                               "|Parser is not initialized. Unable to get file path",
+                               "|Parser is not initialized. Unable to get header info.",
+                               "|Parser is not initialized. Unable to get IfcUnitAssignment.",
+                               "|Parser is not initialized. Unable to get IfcOwnerHistory.",
+                               "|Parser is not initialized. Unable to get ISO.",
+                               "|Parser is not initialized. Unable to get MemmoryPool."}));
 }
 
 TEST(ModelParser, ChoosesTheReleaseByTheExactIdentifier) {
     constexpr std::pair<std::string_view, std::string_view> kReleases[] = {
-        {"IFC2X_FINAL", "IFC2X_FINAL"},         {"IFC2X", "IFC2X_FINAL"},
-        {"IFC2X3_FINAL", "IFC2X_FINAL"},        {"IFC2X2_FINAL", "IFC2X2_FINAL"},
-        {"IFC2X2_PLATFORM", "IFC2X2_PLATFORM"}, {"IFC2X3", "IFC2X3"},
-        {"IFC4", "IFC4"},                       {"IFC4X1", "IFC4X1"},
-        {"IFC4X2", "IFC4X2"},                   {"IFC4X3", "IFC4X3_ADD2"},
-        {"IFC4X3_ADD2", "IFC4X3_ADD2"},         {"IFC4x1", ""},
-        {"ifc2x3", ""},                         {"IFC4X3_ADD1", ""},
-        {"IFC4RC4", ""},                        {"", ""},
+        {"IFC2X_FINAL", "IFC2X_FINAL"},
+        {"IFC2X", "IFC2X_FINAL"},
+        {"IFC2X3_FINAL", "IFC2X_FINAL"},
+        {"IFC2X2_FINAL", "IFC2X2_FINAL"},
+        {"IFC2X2_PLATFORM", "IFC2X2_PLATFORM"},
+        {"IFC2X3", "IFC2X3"},
+        {"IFC4", "IFC4"},
+        {"IFC4X1", "IFC4X1"},
+        {"IFC4X2", "IFC4X2"},
+        {"IFC4X3", "IFC4X3_ADD2"},
+        {"IFC4X3_ADD2", "IFC4X3_ADD2"},
+        {"IFC4x1", ""},
+        {"ifc2x3", ""},
+        {"IFC4X3_ADD1", ""},
+        {"IFC4RC4", ""},
+        {"", ""},
     };
     for (const auto& [identifier, release] : kReleases) {
         ReadModel read(stepFile("#1=IFCCARTESIANPOINT((1.));\n", identifier));
         EXPECT_EQ(read.parser().releaseName(), release) << identifier;
         EXPECT_EQ(read.loaded(), !release.empty()) << identifier;
-        EXPECT_EQ(read.reports(),
-                  release.empty()
-                      ? "0 #0 [unknown_schema_identifier]" + std::string(identifier) + "\n"
-                      : "");
+        EXPECT_EQ(read.reports(), release.empty() ? "0 #0 [unknown_schema_identifier]" +
+                                                        std::string(identifier) + "\n"
+                                                  : "");
     }
 }
 
@@ -514,7 +531,8 @@ TEST(ModelParser, GivesTheSameModelForEveryBufferSizeAndFromAnArchive) {
 
 TEST(ModelParser, ReadsAnEntryOfAProjectArchive) {
     const TempFolder folder;
-    writeZip(folder / u"p.ahx", {{"Data.xml", "<x/>"}, {"f/Model.ifc", stepFile("#1=IFCVERTEX();\n")}});
+    writeZip(folder / u"p.ahx",
+             {{"Data.xml", "<x/>"}, {"f/Model.ifc", stepFile("#1=IFCVERTEX();\n")}});
     ErrorLog log;
     IFC::ModelParser parser(log.callback(), {});
     EXPECT_TRUE(parser.load(folder / u"p.ahx|f/Model.ifc"));

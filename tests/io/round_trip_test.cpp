@@ -1,5 +1,5 @@
-// Reads each of the large sample models, writes it, and lets a program that shares no code with the product compare the two
-// files instance by instance.
+// Reads each of the large sample models, writes it, and lets a program that shares no code with the
+// product compare the two files instance by instance.
 
 #include <gtest/gtest.h>
 
@@ -79,8 +79,8 @@ TEST_P(RoundTrip, ChangesOnlyWhatMustChange) {
     int after = 0;
     Difference difference;
     int added = -1;
-    ASSERT_EQ(std::sscanf(result.c_str(), "instances %d -> %d: %d changed, %d gone, %d new", &before,
-                          &after, &difference.changed, &difference.gone, &added),
+    ASSERT_EQ(std::sscanf(result.c_str(), "instances %d -> %d: %d changed, %d gone, %d new",
+                          &before, &after, &difference.changed, &difference.gone, &added),
               5)
         << result;
     const auto expected = kDifferences.find(GetParam());

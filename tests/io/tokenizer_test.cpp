@@ -182,8 +182,8 @@ TEST(TokenizerString, IsDecoded) {
         {"'\\X\\E4\\X\\fc'", "String:<00E4><00FC>"},
         {"'\\X\\80'", "String:<20AC>"},  // of the default code page
         {"'\\PA\\\\S\\d\\S\\''", "String:<00E4><00A7>"},
-        {"'\\PE\\\\S\\P'", "String:<0430>"},  // ISO 8859-5
-        {"'\\PI\\\\X\\FD'", "String:<0131>"},  // ISO 8859-9
+        {"'\\PE\\\\S\\P'", "String:<0430>"},                         // ISO 8859-5
+        {"'\\PI\\\\X\\FD'", "String:<0131>"},                        // ISO 8859-9
         {"'\\PE\\\\S\\P' '\\S\\P'", "String:<0430> String:<00D0>"},  // of one string only
         {"'\\Xab'", "String:ab"},
         {"'\\S\\d\\X2\\03A9\\X0\\\\X\\E4'", "String:<00E4><03A9><00E4>"},
@@ -236,7 +236,9 @@ TEST(TokenizerSign, IsOneTokenOrNone) {
         {"/* no token, no ' quote */;", "Semicolon"},
         {"/**/;/***/;/*/*/;/****/", "Semicolon Semicolon Semicolon"},
         {"A/*\xFF*/B", "Name:A Name:B"},
-        {"a,\xFF" "b", "Name:a"},
+        {"a,\xFF"
+         "b",
+         "Name:a"},
         {"\xFF", ""},
         {"/\xFF", ""},
     };
@@ -330,9 +332,9 @@ TEST(Tokenizer, CountsLinesBetweenTokensOnly) {
         std::string_view step;
         int lines;
     } constexpr kCases[] = {
-        {"A", 1},         {"A\nB", 2},      {"A\r\nB\r\n\r\nC", 4}, {"A\rB\r\rC", 4},
-        {"A\n\rB", 3},    {"\n\n\n", 4},    {"/*\n\n*/A", 1},       {"'a\nb'\n", 2},
-        {"ISO\n\n;", 1},  {".A\n.", 1},     {"A\r/**/\nB", 3},
+        {"A", 1},        {"A\nB", 2},   {"A\r\nB\r\n\r\nC", 4}, {"A\rB\r\rC", 4},
+        {"A\n\rB", 3},   {"\n\n\n", 4}, {"/*\n\n*/A", 1},       {"'a\nb'\n", 2},
+        {"ISO\n\n;", 1}, {".A\n.", 1},  {"A\r/**/\nB", 3},
     };
     for (const auto& [step, lines] : kCases) {
         for (const std::size_t bufferBytes : kBufferSizes) {
@@ -344,8 +346,7 @@ TEST(Tokenizer, CountsLinesBetweenTokensOnly) {
 }
 
 TEST(Tokenizer, CountsTheParametersOfAnInstance) {
-    Tokenizer tokenizer(
-        std::make_unique<MemoryInputStream>("#1=A($,'x',(2,3.,),#4);#2", 4096), {});
+    Tokenizer tokenizer(std::make_unique<MemoryInputStream>("#1=A($,'x',(2,3.,),#4);#2", 4096), {});
     std::string indices;
     for (const Token* token = tokenizer.nextToken(); token->kind != TokenKind::EndOfFile;
          token = tokenizer.nextToken())

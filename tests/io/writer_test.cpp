@@ -56,7 +56,8 @@ TEST(ModelWriter, ZipsOneEntryWithoutTheFirstLine) {
     ASSERT_TRUE(read.loaded());
     const TempFolder folder;
     ErrorLog log;
-    ASSERT_TRUE(IFC::ModelWriter(log.callback()).write(read.model(), folder / u"out_edited.IFCZIP"));
+    ASSERT_TRUE(
+        IFC::ModelWriter(log.callback()).write(read.model(), folder / u"out_edited.IFCZIP"));
     // Of the archive the first entry is read, of a project archive the one that is named.
     std::filesystem::copy_file(folder / u"out_edited.IFCZIP", folder / u"out.ahx");
     FileStream::InputZipFileStream stream((folder / u"out.ahx") + u"|out_edited.ifc",
@@ -123,12 +124,12 @@ TEST(ModelWriter, ReadsBackEveryStringThatItWrites) {
 }
 
 TEST(ModelWriter, WritesTheSameWhereverItsBufferIsFlushed) {
-    ReadModel read(stepFile(
-        "#1=IFCPERSON('i','It''s',$,('a','\\X2\\00E4\\X0\\',''),(),$,(#2,#3),$,'more');\n"
-        "#2=IFCACTORROLE(.OWNER.,$,$);\n#3=IFCACTORROLE(.OWNER.,$,$);\n"
-        "#4=IFCCARTESIANPOINTLIST3D(((0.,-1.5,1.E-5),(1.,2.,3.)));\n"
-        "#5=IFCTABLEROW((IFCLABEL('x'),IFCBOOLEAN(.F.),IFCINTEGER(-5)),.T.);\n"
-        "#6=IFCPIXELTEXTURE(.T.,.F.,$,$,$,2,1,3,(\"0FF\",\"1A0\"));\n"));
+    ReadModel read(
+        stepFile("#1=IFCPERSON('i','It''s',$,('a','\\X2\\00E4\\X0\\',''),(),$,(#2,#3),$,'more');\n"
+                 "#2=IFCACTORROLE(.OWNER.,$,$);\n#3=IFCACTORROLE(.OWNER.,$,$);\n"
+                 "#4=IFCCARTESIANPOINTLIST3D(((0.,-1.5,1.E-5),(1.,2.,3.)));\n"
+                 "#5=IFCTABLEROW((IFCLABEL('x'),IFCBOOLEAN(.F.),IFCINTEGER(-5)),.T.);\n"
+                 "#6=IFCPIXELTEXTURE(.T.,.F.,$,$,$,2,1,3,(\"0FF\",\"1A0\"));\n"));
     ASSERT_TRUE(read.loaded());
     constexpr std::size_t kKeepBack = 10;
     const TempFolder folder;
@@ -149,11 +150,12 @@ TEST(ModelWriter, WritesTheSameWhereverItsBufferIsFlushed) {
 }
 
 TEST(ModelWriter, LeavesOutDeletedEntitiesAndWhatRefersToThem) {
-    ReadModel read(stepFile("#1=IFCPERSONANDORGANIZATION(#2,#3,(#4,#5));\n"
-                            "#2=IFCPERSON($,'p',$,$,$,$,(#4),$);\n"
-                            "#3=IFCORGANIZATION($,'o',$,$,$);\n"
-                            "#4=IFCACTORROLE(.OWNER.,$,$);\n"
-                            "#5=IFCACTORROLE(.ARCHITECT.,$,$);\n"));
+    ReadModel read(
+        stepFile("#1=IFCPERSONANDORGANIZATION(#2,#3,(#4,#5));\n"
+                 "#2=IFCPERSON($,'p',$,$,$,$,(#4),$);\n"
+                 "#3=IFCORGANIZATION($,'o',$,$,$);\n"
+                 "#4=IFCACTORROLE(.OWNER.,$,$);\n"
+                 "#5=IFCACTORROLE(.ARCHITECT.,$,$);\n"));
     ASSERT_TRUE(read.loaded());
     for (const int number : {3, 4})
         read.model().find(number)->markDeleted();

@@ -18,7 +18,8 @@ std::string number(std::uint64_t value, int bytes) {
     return text;
 }
 
-/// An archive of one stored entry whose sizes stand in the extra field, as some programs write entries of any size.
+/// An archive of one stored entry whose sizes stand in the extra field, as some programs write
+/// entries of any size.
 std::string zip64Archive(const std::string& content, std::uint64_t crc) {
     const std::string name = "model.ifc";
     const std::string sizes = number(0xFFFFFFFF, 4) + number(0xFFFFFFFF, 4);
@@ -29,7 +30,8 @@ std::string zip64Archive(const std::string& content, std::uint64_t crc) {
                                number(crc, 4) + sizes + number(name.size(), 2) +
                                number(extra.size(), 2);
     const std::string entry = "PK\x03\x04" + common + name + extra + content;
-    const std::string directory = "PK\x01\x02" + number(45, 2) + common + number(0, 14) + name + extra;
+    const std::string directory =
+        "PK\x01\x02" + number(45, 2) + common + number(0, 14) + name + extra;
     return entry + directory + "PK\x05\x06" + number(0, 4) + number(1, 2) + number(1, 2) +
            number(directory.size(), 4) + number(entry.size(), 4) + number(0, 2);
 }
@@ -37,8 +39,8 @@ std::string zip64Archive(const std::string& content, std::uint64_t crc) {
 TEST(InputZipFileStream, FindsSizesInTheExtraField) {
     const TempFolder folder;
     const std::string content(5000, 'x');
-    const auto crc = crc32(0, reinterpret_cast<const Bytef*>(content.data()),
-                           static_cast<uInt>(content.size()));
+    const auto crc =
+        crc32(0, reinterpret_cast<const Bytef*>(content.data()), static_cast<uInt>(content.size()));
     constexpr std::size_t kBufferSizes[] = {7, 1000, 5000, 0x10000};
     for (const std::size_t bufferBytes : kBufferSizes) {
         for (const bool damaged : {false, true}) {

@@ -62,12 +62,8 @@ TEST(EntityTable, HasNothingBelowOne) {
 TEST(EntityTable, ReservesNumbersUnlessTooFewWouldBeLeft) {
     EntityTable table;
     table.insert(5, entityOf(5));
-    for (const auto& [reserved, largest] :
-         std::vector<std::pair<std::int64_t, std::int32_t>>{{3, 5},
-                                                            {8, 8},
-                                                            {2'147'483'647, 8},
-                                                            {std::int64_t{1} << 40, 8},
-                                                            {-1, 8}}) {
+    for (const auto& [reserved, largest] : std::vector<std::pair<std::int64_t, std::int32_t>>{
+             {3, 5}, {8, 8}, {2'147'483'647, 8}, {std::int64_t{1} << 40, 8}, {-1, 8}}) {
         table.reserve(reserved);
         EXPECT_EQ(table.largestNumber(), largest);
         EXPECT_EQ(table.find(8), nullptr);

@@ -44,7 +44,8 @@ private:
             std::rethrow_exception(thrownAtEnd_);
         const std::size_t count = std::min(rest.size(), block_.size());
         std::copy_n(rest.begin(), count, block_.begin());
-        // What lies behind the block must not count: let a scan that runs over it find digits and letters.
+        // What lies behind the block must not count: let a scan that runs over it find digits and
+        // letters.
         std::fill(block_.begin() + static_cast<std::ptrdiff_t>(count), block_.end(), '9');
         showBlock(block_.data(), count);
     }

@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
-/// The large sample files, which lie outside the repository. Empty when they are not there; a test that needs them then
-/// skips.
+/// The large sample files, which lie outside the repository. Empty when they are not there; a test
+/// that needs them then skips.
 inline std::filesystem::path sharedFolder() {
     const char* const chosen = std::getenv("QUILLET_SHARED");
     return chosen && *chosen ? chosen : QUILLET_SHARED_DIR;
 }
 
-/// The models below shared/models, by their path in it ("ifc4/house.ifc"), in order. invalid: those that are damaged on
-/// purpose, else all others.
+/// The models below shared/models, by their path in it ("ifc4/house.ifc"), in order. invalid: those
+/// that are damaged on purpose, else all others.
 inline std::vector<std::string> sharedModels(bool invalid) {
     const std::filesystem::path folder = sharedFolder() / "models";
     std::vector<std::string> models;
@@ -24,7 +24,8 @@ inline std::vector<std::string> sharedModels(bool invalid) {
         std::string extension = entry.path().extension().string();
         std::transform(extension.begin(), extension.end(), extension.begin(),
                        [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-        if ((extension == ".ifc" || extension == ".ifczip") && name.starts_with("invalid/") == invalid)
+        if ((extension == ".ifc" || extension == ".ifczip") &&
+            name.starts_with("invalid/") == invalid)
             models.push_back(name);
     }
     std::sort(models.begin(), models.end());
@@ -38,7 +39,9 @@ inline std::string testNameOf(const std::string& model) {
     std::string name = model.empty() ? "NoSharedModels" : model;
     std::replace_if(
         name.begin(), name.end(),
-        [](char c) { return !((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z')); },
+        [](char c) {
+            return !((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'));
+        },
         '_');
     return name;
 }

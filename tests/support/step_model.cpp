@@ -23,8 +23,8 @@ ReadModel::ReadModel(std::string_view step, IFC::ModelParser::Options options, b
     : parser_(
           [this](const char* key, const char16_t* text, int flag) {
               const IFC::ModelParser::Position position = parser_.position();
-              std::string line = std::to_string(position.line) + " #" +
-                                 std::to_string(position.instance) + " ";
+              std::string line =
+                  std::to_string(position.line) + " #" + std::to_string(position.instance) + " ";
               if (*key)
                   line += std::string("[") + key + "]";
               line += platform::toUtf8(text);

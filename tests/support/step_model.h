@@ -24,8 +24,9 @@ public:
     IFC::Model& model() { return *parser_.model(); }
     IFC::ModelParser& parser() { return parser_; }
 
-    /// Each report on a line of its own, as "3 #12 text": file line, instance, text in UTF-8; line ends inside the text
-    /// become "/". A key stands before the text in brackets, a severity other than 0 behind it in braces.
+    /// Each report on a line of its own, as "3 #12 text": file line, instance, text in UTF-8; line
+    /// ends inside the text become "/". A key stands before the text in brackets, a severity other
+    /// than 0 behind it in braces.
     const std::string& reports() const { return reports_; }
 
 private:
@@ -34,7 +35,8 @@ private:
     IFC::ModelParser parser_;
 };
 
-/// The model as the writer writes it to a plain file. The header's lists are there again afterwards.
+/// The model as the writer writes it to a plain file. The header's lists are there again
+/// afterwards.
 std::string stepOf(IFC::Model& model);
 
 /// The instances of an exchange file, from its first to its last DATA section, one a line.

@@ -34,8 +34,8 @@ std::string headerText(const HeaderFields& fields) {
     return joined(fields.description) + "," + printable(fields.implementationLevel) + "," +
            printable(fields.name) + "," + printable(fields.timeStamp) + "," +
            joined(fields.author) + "," + joined(fields.organization) + "," +
-           printable(fields.preprocessorVersion) + "," + printable(fields.originatingSystem) +
-           "," + printable(fields.authorization) + "," + printable(fields.schemaIdentifier);
+           printable(fields.preprocessorVersion) + "," + printable(fields.originatingSystem) + "," +
+           printable(fields.authorization) + "," + printable(fields.schemaIdentifier);
 }
 
 }  // namespace
@@ -70,8 +70,7 @@ std::string textOf(const Token& token) {
         case TokenKind::Real: return "Real:" + realText(as<RealDataTypeToken>(token));
         case TokenKind::EmptyParameter:
             return as<EmptyParameterToken>(token).derived ? "Derived" : "Empty";
-        case TokenKind::EntityName:
-            return "Name:" + std::string(as<EntityNameToken>(token).name);
+        case TokenKind::EntityName: return "Name:" + std::string(as<EntityNameToken>(token).name);
         case TokenKind::Enumeration:
             return name + ":" + printable(as<EnumerationToken>(token).value());
         case TokenKind::String: return name + ":" + printable(as<WstringToken>(token).value());

@@ -10,7 +10,8 @@
 
 namespace {
 
-/// While it lives, this process can write no file beyond `bytes`: a full disk for everyone who writes.
+/// While it lives, this process can write no file beyond `bytes`: a full disk for everyone who
+/// writes.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes) : handlerBefore_(std::signal(SIGXFSZ, SIG_IGN)) {
