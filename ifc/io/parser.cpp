@@ -19,6 +19,7 @@
 #include "ifc/io/schema_registry.h"
 #include "ifc/io/tokenizer.h"
 #include "ifc/model/attribute_reader.h"
+#include "ifc/model/class_info_impl.h"
 #include "ifc/model/model.h"
 #include "ifc/model/read_context.h"
 #include "ifc/model/views.h"
@@ -33,6 +34,7 @@ namespace {
 constexpr std::size_t kCopyCapacityBytes = 0xA00000;  // 10 MiB
 constexpr std::size_t kCopyKeepBackBytes = 10;
 constexpr int kLenientSeverity = 2;
+constexpr ClassInfo kRoot = selectClass<VirtualIfcRoot>(u"IfcRoot", "IFCROOT");
 
 std::u16string decimal(std::int64_t number) { return widened(std::to_string(number)); }
 
@@ -618,8 +620,9 @@ ModelParser::Reading::Step ModelParser::Reading::checkProgress(
 /// Every rooted entity gets a GUID of its own.
 void ModelParser::Reading::repairGuids() {
     std::u16string lines;
+    model_.reserveGuids(model_.rooted().size());
     for (IfcEntity* entity : model_.rooted()) {
-        auto* root = dynamic_cast<VirtualIfcRoot*>(entity);
+        auto* root = static_cast<VirtualIfcRoot*>(casts.cast(entity, kRoot).part);
         const std::u16string_view old = root->globalId();
         if (!old.empty() && model_.registerGuid(old, entity))
             continue;

@@ -40,8 +40,9 @@ public:
         /// Whether to read on; not asked when empty.
         std::function<bool()> continueQuestion;
         Progress progress;
-        LogFile* log = nullptr;                  ///< outlives the parser; none: nothing is logged
-        std::size_t readBufferBytes = 0xA00000;  ///< 10 MiB
+        LogFile* log = nullptr;  ///< outlives the parser; none: nothing is logged
+        /// Small enough to stay in the processor's cache between the system's copy and the scan.
+        std::size_t readBufferBytes = 0x40000;  ///< 256 KiB
     };
 
     ModelParser(ErrorCallback errors, Options options);

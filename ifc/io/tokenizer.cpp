@@ -49,6 +49,11 @@ constexpr std::array<ByteClass, 256> kByteClasses = makeByteClasses();
 
 constexpr ByteClass classOf(char byte) { return kByteClasses[static_cast<unsigned char>(byte)]; }
 
+/// Where the next token does not begin: a blank, or a byte that ends the input.
+constexpr bool isSeparator(char byte) {
+    return classOf(byte) == ByteClass::Blank || classOf(byte) == ByteClass::End;
+}
+
 constexpr bool isDigit(int byte) { return byte >= '0' && byte <= '9'; }
 
 /// The value of a string token, else empty.
@@ -255,9 +260,12 @@ const Token* Tokenizer::scan() {
             statementEnded_ = false;
             stream_->clearStatement();
         }
-        if (!skipBlanks())
-            return &endOfFile_;
-        const char* const here = stream_->windowBegin();
+        const char* here = stream_->windowBegin();
+        if (here == stream_->windowEnd() || isSeparator(*here)) {
+            if (!skipBlanks())
+                return &endOfFile_;
+            here = stream_->windowBegin();
+        }
         switch (classOf(*here)) {
             case ByteClass::Letter: return keyword();
             case ByteClass::Digit:
@@ -357,7 +365,9 @@ const Token* Tokenizer::keyword() {
             return ownedTokens_.emplace_back(std::make_unique<IsoToken>(statement)).get();
         return ownedTokens_.emplace_back(std::make_unique<EndIsoToken>(statement)).get();
     }
-    if (text == "HEADER" && headerTokensLeft_ == 0)  // one inside another would nest without end
+    // Inside an instance it is a keyword like others, and one header inside another would nest
+    // without end.
+    if (text == "HEADER" && parameterIndex_ == 0 && headerTokensLeft_ == 0)
         return header();
     if (text == "ENDSEC")
         return &endsec_;

@@ -203,8 +203,7 @@ void AttributeReader::skipValue(const Token& first) {
             case TokenKind::EndOfFile: tokenizer_.setPending(token); return;
             // These reach to the next ";", whatever brackets come before it.
             case TokenKind::Iso:
-            case TokenKind::EndIso:
-            case TokenKind::Header: cut_ = true; break;
+            case TokenKind::EndIso: cut_ = true; break;
             default: break;
         }
         if (tokenizer_.atParameterEnd())

@@ -59,6 +59,7 @@ public:
     /// The object with that GUID, null when there is none. New and changed GUIDs are found after
     /// registerGuid().
     IfcEntity* findByGuid(std::u16string_view guid) const;
+    void reserveGuids(std::size_t count) { guids_.reserve(count); }
     /// guid: stored in the pool. @return false when another entity has it already.
     bool registerGuid(std::u16string_view guid, IfcEntity* entity);
 

@@ -320,6 +320,13 @@ TEST(TokenizerHeader, EndsWhereverItIsCut) {
     }
 }
 
+TEST(TokenizerHeader, IsAKeywordInsideAnInstance) {
+    constexpr ScanCase kCases[] = {
+        {"#1=A(HEADER);",
+         "Identifier:1 Equal Name:A OpenBracket Name:HEADER CloseBracket Semicolon"}};
+    checkTokens(kCases);
+}
+
 TEST(TokenizerHeader, IsNotReadInsideAnother) {
     std::string step;
     for (int count = 0; count < 200'000; ++count)
