@@ -52,6 +52,7 @@ private:
     bool isSingle(IFC::IfcEntity* member, IFC::IfcEntity* object);
     IFC::EditTarget targetOf(IFC::IfcEntity* object, IFC::IfcEntity* set) const;
     IfcProperty recordOf(IFC::IfcEntity* member) const;
+    void takeValue(IfcProperty& record) const;
     void report(IFC::IfcEntity* object, std::u16string_view text, std::u16string_view name) {
         file_.report(object->id(), std::u16string(text).append(name));
     }
@@ -109,9 +110,7 @@ void EditRecorder::setProperty(IFC::IfcEntity* object) {
             return report(object, texts::kNoValueTypeHere, propertyName_);
         if (!valueType_.empty())
             record.entityName = valueType_;
-        record.value = arguments_.value(kValue);
-        record.unit = platform::fromUtf8(classKey(arguments_.value(kUnit)));
-        record.prefix = platform::fromUtf8(classKey(arguments_.value(kPrefix)));
+        takeValue(record);
         edits_.editProperty(targetOf(object, set), record);
     });
 }
@@ -119,11 +118,9 @@ void EditRecorder::setProperty(IFC::IfcEntity* object) {
 void EditRecorder::addProperty(IFC::IfcEntity* object) {
     IfcProperty record;
     record.initialName = record.name = propertyName_;
-    record.value = arguments_.value(kValue);
     record.quantityType = quantityType_;
     record.entityName = quantityType_.empty() ? valueType_ : quantityType_;
-    record.unit = platform::fromUtf8(classKey(arguments_.value(kUnit)));
-    record.prefix = platform::fromUtf8(classKey(arguments_.value(kPrefix)));
+    takeValue(record);
 
     std::vector<IFC::IfcEntity*> ofKind = namedSets(object);
     std::erase_if(ofKind, [&](IFC::IfcEntity* set) {
@@ -255,6 +252,13 @@ IfcProperty EditRecorder::recordOf(IFC::IfcEntity* member) const {
     if (dynamic_cast<IFC::VQuantityProperty*>(member))
         record.quantityType = display.type;
     return record;
+}
+
+/// Puts in what the options tell of value and unit.
+void EditRecorder::takeValue(IfcProperty& record) const {
+    record.value = arguments_.value(kValue);
+    record.unit = platform::fromUtf8(classKey(arguments_.value(kUnit)));
+    record.prefix = platform::fromUtf8(classKey(arguments_.value(kPrefix)));
 }
 
 /// The objects named by --object and --type, each once; reports those that are missing.

@@ -25,6 +25,7 @@ std::vector<TypeCount> typeCounts(const IFC::Model& model) {
     for (const IFC::IfcEntity* entity : model.entities())
         ++counts[&entity->classInfo()];
     std::vector<TypeCount> sorted;
+    sorted.reserve(counts.size());
     for (const auto& [info, count] : counts)
         sorted.push_back({.type = info->name, .count = count});
     std::sort(sorted.begin(), sorted.end(), [](const TypeCount& a, const TypeCount& b) {

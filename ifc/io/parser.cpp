@@ -188,7 +188,6 @@ private:
     Tokenizer* tokenizer_ = nullptr;  // of the current pass
     std::int32_t lastLine_ = 0;       // where a pass ended
     std::int64_t instance_ = 0;
-    std::size_t recordBegin_ = 0;               // place behind "#n" in the statement text
     std::unordered_set<std::int64_t> leftOut_;  // instances of unknown types
     bool sawEndIso_ = false;
     std::uint64_t totalSize_ = 0;
@@ -403,7 +402,6 @@ bool ModelParser::Reading::firstPass(Tokenizer& tokenizer, FileStream::OutpoutFi
             case TokenKind::Identifier: {
                 const auto& name = *static_cast<const IdentifierToken*>(token);
                 instance_ = name.exact;
-                recordBegin_ = stream.statementLength();
                 if (name.overflow || name.number < 1) {
                     reportHere(std::u16string(texts::kInstanceNumberOutOfRange) +
                                decimal(instance_));
@@ -470,6 +468,7 @@ void ModelParser::Reading::readInstance(Tokenizer& tokenizer, AttributeReader& r
         skipStatement(tokenizer);
         return;
     }
+    const std::size_t argumentsBegin = tokenizer.stream()->statementLength();
     owner = entity;
     needsSecondPass = false;
     reader.beginRecord();
@@ -485,8 +484,10 @@ void ModelParser::Reading::readInstance(Tokenizer& tokenizer, AttributeReader& r
             return;
         }
         const std::string statement = tokenizer.stream()->statementText();
-        copy.append("#" + std::to_string(number));
-        copy.append(std::string_view(statement).substr(recordBegin_));
+        copy.append("#" + std::to_string(number) + "=");
+        copy.append(entity->classInfo().key);
+        copy.append("(");
+        copy.append(std::string_view(statement).substr(argumentsBegin));
         if (!atEndOfFile(tokenizer))  // inside a string, this would become a part of it
             copy.append(";\n");
         copiedLines_.push_back(line);
@@ -572,7 +573,6 @@ bool ModelParser::Reading::secondPass(Tokenizer& tokenizer) {
                 ++copiedLine_;
             if (parser_.options_.log)
                 parser_.options_.log->readingEntity(number);
-            recordBegin_ = stream.statementLength();
             for (int frame = 0; frame < 3; ++frame)  // "=", the type, "("
                 tokenizer.nextToken();
             owner = entities.find(number);

@@ -105,9 +105,8 @@ const Token* AttributeReader::firstOfAttribute() {
         ++found_;
         ++emptyArguments_;
         tokenizer_.setPending(token);
-        if (damage())
+        if (!context_.bindingPass)
             context_.wrongArgument(kAttributeValue, u"EmptyParameterToken");
-        damaged_.back().text = {};
         return nullptr;
     }
     emptyArguments_ = 0;

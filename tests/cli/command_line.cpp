@@ -83,7 +83,7 @@ std::string smallModel() {
         "#21=IFCQUANTITYLENGTH('Length',$,#20,6000.,$);\n"
         "#22=IFCELEMENTQUANTITY('0000000000000000000022',$,'Sizes',$,$,(#21));\n"
         "#23=IFCRELDEFINESBYPROPERTIES('0000000000000000000023',$,$,$,(#1),#22);\n"
-        "#30=IFCPROPERTYENUMERATEDVALUE('Lock',$,(IFCLABEL('CODE')),$);\n"
+        "#30=IFCPROPERTYENUMERATEDVALUE('Lock','at hand, isn''t it',(IFCLABEL('CODE')),$);\n"
         "#31=IFCPROPERTYSINGLEVALUE('Panes',$,IFCINTEGER(3),$);\n"
         "#32=IFCCOMPLEXPROPERTY('Glass',$,'pane',(#31,#32));\n"
         "#33=IFCPROPERTYSINGLEVALUE('Open',$,$,$);\n"
@@ -92,6 +92,7 @@ std::string smallModel() {
         "#36=IFCDOORLININGPROPERTIES('0000000000000000000036',$,'Lining',$,$,$,$,$,$,$,$,$,$,$,$,$,"
         "$);\n"
         "#37=IFCRELDEFINESBYPROPERTIES('0000000000000000000037',$,$,$,(#3),#36);\n"
+        "#38=IFCRELDEFINESBYPROPERTIES('0000000000000000000038',$,$,$,(#3),#36);\n"
         "#40=IFCPROPERTYSINGLEVALUE('Layers',$,IFCCOUNTMEASURE(2.),$);\n"
         "#41=IFCPROPERTYSET('0000000000000000000041',$,'Build-up',$,(#40));\n"
         "#42=IFCWALLTYPE('0000000000000000000042',$,'W24',$,$,(#41),$,$,$,.SOLIDWALL.);\n");

@@ -77,6 +77,12 @@ TEST(EditCommands, ChangeWhatTheyNameAndNothingElse) {
                 "    Open = true [IfcBoolean]\n", kLining)},
         {"add --object 2 --pset Common --property Colour --value 'red brown'", 0, written,
          joined(restOfSouth, kNorth, kCommon, "    Colour = red brown [IfcLabel]\n", restOfDoor)},
+        // Named twice, edited once.
+        {"add --object 1 --object #1 --pset Sizes --property Gross --quantity IfcQuantityCount "
+         "--value 2",
+         0, written,
+         joined(kSouth, kCommon, kSizes, "    Gross = 2 [IfcQuantityCount]\n", kNorth, kCommon,
+                restOfDoor)},
         {"add --object 2 --pset Sizes --property Area --quantity ifcquantityarea --value 3.5", 0,
          written,
          joined(restOfSouth, kNorth, kCommon, "  Sizes\n    Area = 3.5 [IfcQuantityArea]\n",
@@ -206,14 +212,14 @@ TEST(Apply, TakesTheEditsOfTheFileOfThatName) {
     line.folder.write(u"b.ifc", smallModel());
     line.folder.write(
         u"log.xml",
-        "<File FileName=\"A.IFC\" IsCached=\"false\">\n"
+        "\n\n\n\n\n\n\n\n<File FileName=\"A.IFC\" IsCached=\"false\">\n"
         "<IfcPropertySet Name=\"Common\" GUID=\"0000000000000000000012\" "
         "ObjectGUID=\"0000000000000000000002\" IfcId=\"2\" Type=\"Deleted\"/>\n"
         "<IfcPropertySet Name=\"Gone\" GUID=\"0000000000000000000099\" "
         "ObjectGUID=\"0000000000000000000002\" IfcId=\"2\" Type=\"Deleted\"/>\n"
         "<IfcPropertySet Name=\"Odd\" GUID=\"0000000000000000000012\" IfcId=\"2\" Type=\"None\"/>\n"
         "</File>\n<File FileName=\"other.ifc\" IsCached=\"false\"/>\n");
-    const std::string oddType = "@log.xml:4: Unknown type of set: Odd\n";
+    const std::string oddType = "@log.xml:12: Unknown type of set: Odd\n";
 
     const Outcome part = line.run("apply @a.ifc @log.xml @new.ifczip");
     EXPECT_EQ(part.status, 1);

@@ -299,6 +299,13 @@ TEST(Progress, IsShownOnATerminalOnlyAndTakenAway) {
     EXPECT_TRUE(shown.ends_with(" \rquillet-cli: @b.ifc written\n")) << shown;
     EXPECT_EQ(line.run("copy @a.ifc @b.ifc").err, "quillet-cli: @b.ifc written\n");
     EXPECT_EQ(line.run("copy @a.ifc @b.ifc --quiet", {}, true).err, "");
+
+    line.folder.write(u"ahead.ifc", stepFile("#1=IFCLOCALPLACEMENT($,#3);\n"
+                                             "#2=IFCLOCALPLACEMENT($,#3);\n"
+                                             "#3=IFCAXIS2PLACEMENT3D(#4,$,$);\n"
+                                             "#4=IFCCARTESIANPOINT((0.,0.,0.));\n"));
+    EXPECT_NE(line.run("info @ahead.ifc", {}, true).err.find("\rReading, second pass ["),
+              std::string::npos);
 }
 
 }  // namespace

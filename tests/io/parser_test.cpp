@@ -196,12 +196,12 @@ TEST(ModelParser, WritesRecordsOfAnotherLengthBackAsTheyWere) {
          "8 #1 Expected: attribute value. Got: empty argument./\n"
          "8 #1 Expected: attribute value. Got: empty argument./\n"
          "8 #1 Expected: attribute value. Got: empty argument./\n",
-         "#1=IFCPERSON(,'n',,,(,'t'),,,);\n"},
+         "#1=IFCPERSON($,'n',$,$,(,'t'),$,$,$);\n"},
         {"#1=IFCPERSONANDORGANIZATION($,,$,,#7);\n",
          "8 #1 Expected: attribute value. Got: empty argument./\n"
          "8 #1 Expected: attribute value. Got: empty argument./\n"
          "8 #1 More arguments than the entity has attributes. Got: IdentifierToken./\n",
-         "="},
+         "#1=IFCPERSONANDORGANIZATION($,$,$,,#7);\n"},
         {"#1=IFCPERSON('i','n' 'm',X Y,'l');\n",
          "8 #1 Expected: closing bracket. Got: StringToken./\n"
          "8 #1 Expected: StringToken. Got: entity name./\n"
