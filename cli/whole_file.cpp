@@ -60,8 +60,10 @@ bool isSameFile(const std::u16string& a, const std::u16string& b) {
         std::error_code ignored;
         if (std::filesystem::equivalent(first, second, ignored))
             return true;
-        return std::filesystem::weakly_canonical(first, ignored) ==
-               std::filesystem::weakly_canonical(second, ignored);
+        const auto canonical = [&ignored](const std::filesystem::path& path) {
+            return std::filesystem::weakly_canonical(std::filesystem::absolute(path), ignored);
+        };
+        return canonical(first) == canonical(second);
     } catch (const std::filesystem::filesystem_error&) {
         return false;  // a name that the system cannot have
     }

@@ -26,9 +26,13 @@ private:
     IfcEntity* findObject(std::int32_t number, const ObjectEdits& edits);
     IfcEntity* findSet(const IfcPropertySet& record);
     void addSet(std::int32_t number, const IfcPropertySet& record);
-    bool editSet(IfcEntity* object, const IfcPropertySet& record);
+    void editSet(IfcEntity* object, const IfcPropertySet& record);
     bool deleteSet(IfcEntity* object, const IfcPropertySet& record);
-    void count(bool done) { ++(done ? result_.applied : result_.failed); }
+    /// done: at least in part. failed: likewise.
+    void count(bool done, bool failed) {
+        result_.applied += done ? 1 : 0;
+        result_.failed += failed ? 1 : 0;
+    }
 
     Model& model_;
     const ErrorCallback& errors_;
@@ -46,9 +50,11 @@ void Application::applyTo(std::int32_t number, const ObjectEdits& edits) {
     for (const auto& record : edits.newSets)
         addSet(number, *record);
     for (const auto& record : edits.editedSets)
-        count(editSet(object, *record));
-    for (const auto& record : edits.deletedSets)
-        count(deleteSet(object, *record));
+        editSet(object, *record);
+    for (const auto& record : edits.deletedSets) {
+        const bool done = deleteSet(object, *record);
+        count(done, !done);
+    }
 }
 
 /// Null, and a report, also when the number names another object than the one that was edited.
@@ -82,31 +88,36 @@ void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
         if (property.state != kPropertyDeleted)
             properties.push_back(property);
     }
-    if (properties.empty())
+    if (properties.empty()) {
         emptySets_.push_back(record.name);
-    else
-        count(operations_.addPropertySet(number, record.SetIdentifier, record.name, properties));
+        return;
+    }
+    const std::size_t made =
+        operations_.addPropertySet(number, record.SetIdentifier, record.name, properties);
+    count(made > 0, made < properties.size());
 }
 
 /// Members are found by their names in the file before any of them is renamed, and additions come
 /// before deletions, so that a set that ends with other properties than it had is not removed
 /// between them.
-bool Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
+void Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
     IfcEntity* shared = findSet(record);
     if (!shared)
-        return false;
+        return count(false, true);
     const bool renamed = !record.name.empty() && nameOf(shared) != record.name;
     const bool touched =
         std::any_of(record.properties.begin(), record.properties.end(),
                     [](const auto& entry) { return entry.second.state != kPropertyUnchanged; });
     if (!renamed && !touched)
-        return true;
+        return count(true, false);
     IfcEntity* set = operations_.setForObject(shared, object);
     if (!set)
-        return false;
+        return count(false, true);
     if (renamed)
         operations_.renameSet(set, record.name);
-    bool done = true;
+    bool done = renamed;
+    bool failed = false;
+    const auto note = [&](bool success) { (success ? done : failed) = true; };
     std::vector<std::pair<const IfcProperty*, IfcEntity*>> known;
     for (const auto& [name, property] : record.properties) {
         if (property.state != kPropertyEdited && property.state != kPropertyDeleted)
@@ -114,21 +125,23 @@ bool Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
         if (IfcEntity* member = operations_.findRecorded(set, property))
             known.emplace_back(&property, member);
         else
-            done = false;
+            failed = true;
     }
     for (const auto& [property, member] : known) {
         if (property->state == kPropertyEdited)
-            done &= operations_.editMember(set, object, member, *property);
+            note(operations_.editMember(set, object, member, *property));
     }
     for (const auto& [name, property] : record.properties) {
         if (property.state == kPropertyAdded)
-            done &= operations_.addMember(set, object, property);
+            note(operations_.addMember(set, object, property));
     }
     for (const auto& [property, member] : known) {
-        if (property->state == kPropertyDeleted)
+        if (property->state == kPropertyDeleted) {
             operations_.deleteMember(set, member);
+            done = true;
+        }
     }
-    return done;
+    count(done, failed);
 }
 
 bool Application::deleteSet(IfcEntity* object, const IfcPropertySet& record) {

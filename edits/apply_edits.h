@@ -13,8 +13,8 @@ class Model;
 
 /// What became of the edits of one file.
 struct ApplyResult {
-    std::size_t applied = 0;  ///< sets added, changed or removed as asked
-    std::size_t failed = 0;   ///< those of which at least a part could not be done; reported
+    std::size_t applied = 0;  ///< sets added, changed or removed, at least in part
+    std::size_t failed = 0;   ///< sets of which at least a part could not be done; reported
 };
 
 /// Applies the pending edits of one file to its model. What cannot be applied is reported and

@@ -95,6 +95,25 @@ bool atEndOfFile(const Tokenizer& tokenizer) {
     return tokenizer.pending() && tokenizer.pending()->kind == TokenKind::EndOfFile;
 }
 
+/// While it lives, the lines of the log are indented under `title`.
+class LogBlock {
+public:
+    /// log: may be null.
+    LogBlock(LogFile* log, std::u16string_view title) : log_(log) {
+        if (log_)
+            log_->write(title, true);
+    }
+    ~LogBlock() {
+        if (log_)
+            log_->endBlock();
+    }
+    LogBlock(const LogBlock&) = delete;
+    LogBlock& operator=(const LogBlock&) = delete;
+
+private:
+    LogFile* log_;
+};
+
 /// Removes the temporary copy whatever happens.
 struct TemporaryFile {
     std::u16string path = platform::createTemporaryFile(texts::kTemporarySuffix);
@@ -165,7 +184,6 @@ private:
     bool inputFits(const FileStream::InputStream& stream);
     Step checkProgress(const FileStream::InputStream& stream);
     void repairGuids();
-    void logBlock(std::u16string_view title);
     void fail() { state_ = State::Failed; }
     void reportHere(std::u16string_view text, int flag = 0) { report(errors_, "", text, flag); }
 
@@ -290,6 +308,7 @@ MemoryPool* ModelParser::memoryPool() const {
 
 ModelParser::State ModelParser::Reading::run(const std::u16string& path) {
     const TemporaryFile temporary;
+    const LogBlock parsing(parser_.options_.log, texts::kParsingFile);
     try {
         Tokenizer tokenizer(path, parser_.options_.readBufferBytes, errors_);
         FileStream::OutpoutFileStream copy(temporary.path, ErrorCallback(), kCopyCapacityBytes,
@@ -300,8 +319,6 @@ ModelParser::State ModelParser::Reading::run(const std::u16string& path) {
         }
         if (!tokenizer.stream() || !tokenizer.stream()->isOpen() || !inputFits(*tokenizer.stream()))
             return State::Failed;
-        if (parser_.options_.log)
-            parser_.options_.log->write(texts::kParsingFile, true);
         const Pass pass(*this, tokenizer);
         const bool complete = firstPass(tokenizer, copy);
         copy.close();
@@ -367,13 +384,8 @@ bool ModelParser::Reading::inputFits(const FileStream::InputStream& stream) {
     return false;
 }
 
-void ModelParser::Reading::logBlock(std::u16string_view title) {
-    if (parser_.options_.log)
-        parser_.options_.log->write(title, true);
-}
-
 bool ModelParser::Reading::firstPass(Tokenizer& tokenizer, FileStream::OutpoutFileStream& copy) {
-    logBlock(texts::kReadingFirstPart);
+    const LogBlock block(parser_.options_.log, texts::kReadingFirstPart);
     const FileStream::InputStream& stream = *tokenizer.stream();
     AttributeReader reader(tokenizer, *this);
     while (true) {
@@ -553,7 +565,7 @@ void ModelParser::Reading::skipStatement(Tokenizer& tokenizer) {
 }
 
 bool ModelParser::Reading::secondPass(Tokenizer& tokenizer) {
-    logBlock(texts::kReadingSecondPart);
+    const LogBlock block(parser_.options_.log, texts::kReadingSecondPart);
     bindingPass = true;
     if (!tokenizer.stream() || !tokenizer.stream()->isOpen()) {
         reportHere(std::u16string(texts::kUnableToCopy) + u"\"");

@@ -304,17 +304,18 @@ IfcEntity* PropertyOperations::newSet(bool quantities, IfcEntity* object, std::u
     return set;
 }
 
-bool PropertyOperations::addPropertySet(std::int32_t objectNumber, std::u16string_view setGuid,
-                                        std::u16string_view setName,
-                                        const std::vector<IfcProperty>& records) {
+std::size_t PropertyOperations::addPropertySet(std::int32_t objectNumber,
+                                               std::u16string_view setGuid,
+                                               std::u16string_view setName,
+                                               const std::vector<IfcProperty>& records) {
     IfcEntity* object = model_.find(objectNumber);
     if (!object || object->isDeleted()) {
         reportText(std::u16string(texts::kUnableToAddSet) + std::u16string(setName) +
                    std::u16string(texts::kObjectNumer) + widened(std::to_string(objectNumber)) +
                    std::u16string(texts::kNotFoundInFile) + model_.filePath);
-        return false;
+        return 0;
     }
-    bool complete = true;
+    std::size_t made = 0;
     for (const bool quantities : {false, true}) {
         IfcEntity* set = nullptr;
         for (const IfcProperty& record : records) {
@@ -323,10 +324,10 @@ bool PropertyOperations::addPropertySet(std::int32_t objectNumber, std::u16strin
             if (!set)
                 set = newSet(quantities, object, setGuid, setName);
             IfcEntity* member = set ? newMember(record) : nullptr;
-            if (member)
-                appendMember(set, member);
-            else
-                complete = false;
+            if (!member)
+                continue;
+            appendMember(set, member);
+            ++made;
         }
         if (set && membersOf(set).empty()) {
             for (IfcEntity* relation : relationsOf(set))
@@ -334,7 +335,7 @@ bool PropertyOperations::addPropertySet(std::int32_t objectNumber, std::u16strin
             set->markDeleted();
         }
     }
-    return complete;
+    return made;
 }
 
 /// The object's own set of the other kind and the same name, made when there is none.

@@ -62,9 +62,10 @@ public:
 
     /// Makes a new set for the object with that number, as a property set or, for quantities, a
     /// quantity set; both when the records are of both kinds.
-    /// @return false when the object is not in the model.
-    bool addPropertySet(std::int32_t objectNumber, std::u16string_view setGuid,
-                        std::u16string_view setName, const std::vector<IfcProperty>& records);
+    /// @return how many of the records became members; 0 when the object is not in the model.
+    std::size_t addPropertySet(std::int32_t objectNumber, std::u16string_view setGuid,
+                               std::u16string_view setName,
+                               const std::vector<IfcProperty>& records);
 
     /// Renames the object's own set.
     void renameSet(IfcEntity* set, std::u16string_view name);

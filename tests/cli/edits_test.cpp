@@ -203,6 +203,11 @@ TEST(EditCommands, KeepTheirEditsForApply) {
                            std::string(model))
                       .status,
                   2);
+    const Outcome sameNewFile = line.run(
+        "delete @a.ifc no_such_file.ifc --object 3 --pset Kinds --edits ./no_such_file.ifc");
+    EXPECT_EQ(sameNewFile.err,
+              "./no_such_file.ifc: The edits can not be kept in a file that the command reads or "
+              "writes.\nquillet-cli: not done, 1 report\n");
     EXPECT_EQ(line.folder.read(u"a.ifc"), smallModel());
 }
 

@@ -87,7 +87,7 @@ TEST(ModelParser, ReadsAnyLayout) {
         {"#1=IFCVERTEX);\n", "", "="},
         {"#5=IFCVERTEX();\nENDSEC;\nDATA;\n#3=IFCVERTEX();\n", "",
          "#5=IFCVERTEX);\n#3=IFCVERTEX);\n"},
-        {"#1IFCVERTEX();\n", "", "#1=IFCVERTEX);\n"},
+        {"#1IFCEDGE (#2,#2);\n#2=IFCVERTEX);\n", "", "#1=IFCEDGE(#2,#2);\n#2=IFCVERTEX);\n"},
     };
     checkReading(kCases);
 }
@@ -218,6 +218,33 @@ TEST(ModelParser, WritesRecordsOfAnotherLengthBackAsTheyWere) {
          "="},
     };
     checkReading(kCases);
+}
+
+TEST(ModelParser, TakesAsAbsentWhatTheEndCutsOff) {
+    constexpr ReadCase kCases[] = {
+        {"#1=IFCORGANIZATION('i','n',(5,'x';\n",
+         "8 #1 Expected: StringToken. Got: OpenBracketToken./\n"
+         "8 #1 Statement ended before its closing bracket in entity: #1\n",
+         "#1=IFCORGANIZATION('i','n',$);\n"},
+        {"#1=IFCPERSON('i',END-);\n",
+         "8 #1 Expected: StringToken. Got: EndIsoToken./\n"
+         "8 #1 Statement ended before its closing bracket in entity: #1\n",
+         "#1=IFCPERSON('i',$);\n"},
+    };
+    checkReading(kCases);
+
+    const std::pair<std::string_view, std::string_view> cutFiles[] = {
+        {"#1=IFCPERSON('i',%'open", "#1=IFCPERSON('i',$);\n"},
+        // What follows in the second reading is no part of the string.
+        {"#1=IFCWALL('0000000000000000000001',#9,'open",
+         "#1=IFCWALL('0000000000000000000001',#9,'open');\n"},
+    };
+    for (const auto& [data, written] : cutFiles) {
+        const std::string step = stepFile(data);
+        ReadModel read(step.substr(0, step.find("open") + 4));
+        ASSERT_TRUE(read.loaded());
+        EXPECT_EQ(dataOf(stepOf(read.model())), written);
+    }
 }
 
 TEST(ModelParser, KeepsReferencesToNothingAndToTheWrongClass) {
@@ -475,10 +502,30 @@ TEST(ModelParser, LeavesNoTemporaryFileBehind) {
     }
 }
 
+TEST(ModelParser, LogsOneInstanceOfManyThatAreRight) {
+    const TempFolder folder;
+    std::string data;
+    for (int number = 1; number <= 1000; ++number)
+        data += "#" + std::to_string(number) + "=IFCVERTEX();\n";
+    const std::u16string path = folder.write(u"model.ifc", stepFile(data));
+    LogFile log;
+    ASSERT_TRUE(log.open(path));
+    IFC::ModelParser::Options options;
+    options.log = &log;
+    EXPECT_TRUE(IFC::ModelParser({}, options).load(path));
+    log.close();
+    const std::string text = folder.read(u"model_IFC_LOG.txt");
+    EXPECT_EQ(text.substr(text.find('\n') + 1),
+              "Parsing file...\n"
+              "\tReading first part of file...\n"
+              "\t\tReading entity: #1000\n"
+              "\tDone.\n");
+}
+
 TEST(ModelParser, LogsWhatItReadsAndWhereItGoesWrong) {
     const TempFolder folder;
     const std::u16string path = folder.write(
-        u"model.ifc", stepFile("#1=IFCVERTEX();\n#2=IFCORGANIZATION('a','b',3,$,$);\n"));
+        u"model.ifc", stepFile("#1=IFCEDGE(#9,#9);\n#2=IFCORGANIZATION('a','b',3,$,$);\n"));
     LogFile log;
     ASSERT_TRUE(log.open(path));
     IFC::ModelParser::Options options;
@@ -492,7 +539,9 @@ TEST(ModelParser, LogsWhatItReadsAndWhereItGoesWrong) {
               "\tReading first part of file...\n"
               "\t\tReading entity: #2\n"
               "\t\tError occurred. Wrong argument(3). Line: 9.\n\n"
-              "\t\tDone.\n");
+              "\tReading second part of file...\n"
+              "\t\tReading entity: #1\n"
+              "\tDone.\n");
 }
 
 constexpr std::string_view kSmallData =
