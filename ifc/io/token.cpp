@@ -1,7 +1,6 @@
 #include "ifc/io/token.h"
 
 #include <algorithm>
-#include <limits>
 
 template <>
 const char16_t* DataToken::typeName() const {
@@ -51,18 +50,6 @@ const char16_t* BinaryToken::typeName() const { return u"BinaryToken"; }
 const char16_t* IsoToken::typeName() const { return u"IsoToken"; }
 const char16_t* EndIsoToken::typeName() const { return u"EndIsoToken"; }
 const char16_t* HeaderToken::typeName() const { return u"HeaderToken"; }
-
-IdentifierToken::IdentifierToken(std::int64_t exactNumber, bool isOverflow)
-    : Token(TokenKind::Identifier),
-      number(static_cast<std::int32_t>(exactNumber)),
-      exact(exactNumber),
-      overflow(isOverflow || exactNumber > std::numeric_limits<std::int32_t>::max()) {}
-
-IntegerDataTypeToken::IntegerDataTypeToken(std::int64_t exactValue, bool isOverflow)
-    : Token(TokenKind::Integer),
-      value(static_cast<std::int32_t>(exactValue)),
-      exact(exactValue),
-      overflow(isOverflow) {}
 
 IsoToken::IsoToken(std::string_view text) : Token(TokenKind::Iso), value(widened(text)) {}
 

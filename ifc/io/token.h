@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -77,7 +78,11 @@ public:
 /// The name of an instance, #123.
 class IdentifierToken final : public Token {
 public:
-    IdentifierToken(std::int64_t exactNumber, bool isOverflow);
+    explicit IdentifierToken(std::int64_t exactNumber)
+        : Token(TokenKind::Identifier),
+          number(static_cast<std::int32_t>(exactNumber)),
+          exact(exactNumber),
+          overflow(exactNumber > std::numeric_limits<std::int32_t>::max()) {}
     const char16_t* typeName() const override;
 
     std::int32_t number;  ///< the low 32 bits, signed
@@ -87,7 +92,11 @@ public:
 
 class IntegerDataTypeToken final : public Token {
 public:
-    IntegerDataTypeToken(std::int64_t exactValue, bool isOverflow);
+    IntegerDataTypeToken(std::int64_t exactValue, bool isOverflow)
+        : Token(TokenKind::Integer),
+          value(static_cast<std::int32_t>(exactValue)),
+          exact(exactValue),
+          overflow(isOverflow) {}
     const char16_t* typeName() const override;
 
     std::int32_t value;  ///< the low 32 bits, signed

@@ -24,7 +24,18 @@ enum class ByteClass : std::uint8_t {
     Letter,
     Digit,
     Minus,
-    Sign,  // one byte, one token: # = ( ) , ; ' . $ * / "
+    Comma,
+    Open,
+    Close,
+    Name,   // #
+    Quote,  // '
+    Dot,
+    Absent,   // $
+    Derived,  // *
+    Equal,
+    Semicolon,
+    Binary,  // "
+    Slash,
     End
 };
 
@@ -39,8 +50,18 @@ constexpr std::array<ByteClass, 256> makeByteClasses() {
     for (int digit = 0; digit < 10; ++digit)
         classes[static_cast<std::size_t>('0' + digit)] = ByteClass::Digit;
     classes['-'] = ByteClass::Minus;
-    for (const char sign : {'#', '=', '(', ')', ',', ';', '\'', '.', '$', '*', '/', '"'})
-        classes[static_cast<unsigned char>(sign)] = ByteClass::Sign;
+    classes[','] = ByteClass::Comma;
+    classes['('] = ByteClass::Open;
+    classes[')'] = ByteClass::Close;
+    classes['#'] = ByteClass::Name;
+    classes['\''] = ByteClass::Quote;
+    classes['.'] = ByteClass::Dot;
+    classes['$'] = ByteClass::Absent;
+    classes['*'] = ByteClass::Derived;
+    classes['='] = ByteClass::Equal;
+    classes[';'] = ByteClass::Semicolon;
+    classes['"'] = ByteClass::Binary;
+    classes['/'] = ByteClass::Slash;
     classes[0xFF] = ByteClass::End;
     return classes;
 }
@@ -90,48 +111,55 @@ struct RealNumber {
     bool malformed = false;
 };
 
-/// The number at [begin, end), as far as it is one; blanks may follow. Powers of ten up to 1e22 and
-/// mantissas up to 2^53 are exact doubles, so one multiplication or division gives the correctly
-/// rounded result (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990); all else
-/// goes through from_chars.
-RealNumber parseReal(const char* begin, const char* end) {
+/// The number without exponent at the begin of [begin, end), when it is as short as most are.
+/// Powers of ten up to 1e22 and mantissas up to 2^53 are exact doubles, so one division gives the
+/// correctly rounded result (W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990).
+/// @return behind its last digit or dot; null for any other number, and when it has no dot.
+const char* parseShortReal(const char* begin, const char* end, double& value) {
     static constexpr std::array<double, 23> kPowersOfTen = {
         1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53;
+    constexpr std::ptrdiff_t kMostDigits = 19;  // which 64 bits hold
 
-    const auto onlyBlanksFrom = [end](const char* rest) {
-        return std::all_of(rest, end, [](char c) { return classOf(c) == ByteClass::Blank; });
-    };
     const char* next = begin;
     const bool negative = next != end && *next == '-';
     next += negative ? 1 : 0;
+    const char* const digits = next;
     std::uint64_t mantissa = 0;
-    const char* digits = next;
     while (next != end && isDigit(*next))
         mantissa = mantissa * 10 + static_cast<std::uint64_t>(*next++ - '0');
-    std::ptrdiff_t digitCount = next - digits;
-    std::ptrdiff_t scale = 0;
-    if (next != end && *next == '.') {
-        digits = ++next;
-        while (next != end && isDigit(*next))
-            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*next++ - '0');
-        scale = next - digits;
-        digitCount += scale;
-    }
-    const bool hasExponent = next != end && (*next == 'E' || *next == 'e');
-    if (!hasExponent && digitCount <= 19 && mantissa <= kLargestExact && scale <= 22) {
-        const double value =
-            static_cast<double>(mantissa) / kPowersOfTen[static_cast<std::size_t>(scale)];
-        return {negative ? -value : value, false, digitCount == 0 || !onlyBlanksFrom(next)};
-    }
-    double value = 0;
+    if (next == end || *next != '.')
+        return nullptr;
+    const char* const fraction = ++next;
+    while (next != end && isDigit(*next))
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*next++ - '0');
+    const std::ptrdiff_t digitCount = next - digits - 1;
+    if (digitCount == 0 || digitCount > kMostDigits || mantissa > kLargestExact ||
+        (next != end && (*next == 'E' || *next == 'e')))
+        return nullptr;
+    const double magnitude = static_cast<double>(mantissa);
+    const std::ptrdiff_t scale = next - fraction;
+    const double scaled =
+        scale == 0 ? magnitude : magnitude / kPowersOfTen[static_cast<std::size_t>(scale)];
+    value = negative ? -scaled : scaled;
+    return next;
+}
+
+/// The number at [begin, end), as far as it is one; blanks may follow.
+RealNumber parseReal(const char* begin, const char* end) {
+    const auto onlyBlanksFrom = [end](const char* rest) {
+        return std::all_of(rest, end, [](char c) { return classOf(c) == ByteClass::Blank; });
+    };
+    double value = begin != end && *begin == '-' ? -0.0 : 0.0;
+    if (const char* stop = parseShortReal(begin, end, value))
+        return {value, false, !onlyBlanksFrom(stop)};
     const auto [stop, error] = std::from_chars(begin, end, value);
     bool overflow = false;
     if (error == std::errc::result_out_of_range) {
         overflow = IFC::isTooLarge({begin, static_cast<std::size_t>(stop - begin)});
         const double nearest = overflow ? std::numeric_limits<double>::max() : 0.0;
-        value = negative ? -nearest : nearest;
+        value = *begin == '-' ? -nearest : nearest;
     }
     return {value, overflow, error == std::errc::invalid_argument || !onlyBlanksFrom(stop)};
 }
@@ -187,13 +215,6 @@ const Token* Tokenizer::nextToken() {
     }
     failed_ = true;
     return &endOfFile_;
-}
-
-void Tokenizer::clearTokens() {
-    if (pending_)
-        return;
-    arena_.rewind();
-    ownedTokens_.clear();
 }
 
 inline int Tokenizer::peekByte() {
@@ -267,43 +288,89 @@ const Token* Tokenizer::scan() {
             here = stream_->windowBegin();
         }
         switch (classOf(*here)) {
-            case ByteClass::Letter: return keyword();
-            case ByteClass::Digit:
-            case ByteClass::Minus: return number();
-            case ByteClass::Sign: break;
-            default:
-                lastUnknownSign_ = *here;
-                stream_->advanceTo(here + 1);
-                return &unknownSign_;
-        }
-        switch (*here) {
-            case ',':
+            case ByteClass::Comma:
                 ++parameterIndex_;
                 ++separation_;
                 stream_->advanceTo(here + 1);
                 continue;
-            case '\'': return string();
-            case '"': return binary();
-            case '#': return instanceName();
-            case '.': return enumeration();
-            case '(':
+            case ByteClass::Letter: return keyword();
+            case ByteClass::Digit:
+            case ByteClass::Minus: return number();
+            case ByteClass::Quote: return string();
+            case ByteClass::Name: return instanceName();
+            case ByteClass::Dot: return enumeration();
+            case ByteClass::Open:
                 afterOpenBracket_ = true;
                 stream_->advanceTo(here + 1);
                 return &openBracket_;
-            case ')': stream_->advanceTo(here + 1); return &closeBracket_;
-            case '=': stream_->advanceTo(here + 1); return &equal_;
-            case '$': stream_->advanceTo(here + 1); return &absent_;
-            case '*': stream_->advanceTo(here + 1); return &derived_;
-            case ';':
+            case ByteClass::Close: stream_->advanceTo(here + 1); return &closeBracket_;
+            case ByteClass::Equal: stream_->advanceTo(here + 1); return &equal_;
+            case ByteClass::Absent: stream_->advanceTo(here + 1); return &absent_;
+            case ByteClass::Derived: stream_->advanceTo(here + 1); return &derived_;
+            case ByteClass::Binary: return binary();
+            case ByteClass::Semicolon:
                 parameterIndex_ = 0;
                 statementEnded_ = true;
                 stream_->advanceTo(here + 1);
                 return &semicolon_;
-            default:  // "/"
+            case ByteClass::Slash:
                 if (const Token* token = slash())
                     return token;
+                continue;
+            case ByteClass::Blank:
+            case ByteClass::End:
+            case ByteClass::Other:
+                lastUnknownSign_ = *here;
+                stream_->advanceTo(here + 1);
+                return &unknownSign_;
         }
     }
+}
+
+const char* Tokenizer::plainElement() const {
+    if (pending_ || failed_ || !stream_)
+        return nullptr;
+    const char* const here = stream_->windowBegin();
+    if (afterOpenBracket_)
+        return here;
+    return here != stream_->windowEnd() && *here == ',' ? here + 1 : nullptr;
+}
+
+void Tokenizer::takeElement(const char* stop) {
+    parameterIndex_ += afterOpenBracket_ ? 0 : 1;
+    afterOpenBracket_ = false;
+    separation_ = 1;
+    stream_->advanceTo(stop);
+}
+
+bool Tokenizer::takePlainReal(double& value) {
+    const char* const begin = plainElement();
+    const char* const end = stream_->windowEnd();
+    if (!begin || begin == end || *begin == '.')  // which begins an enumeration value
+        return false;
+    const char* const stop = parseShortReal(begin, end, value);
+    if (!stop || stop == end || (*stop != ',' && *stop != ')'))
+        return false;
+    takeElement(stop);
+    return true;
+}
+
+bool Tokenizer::takePlainName(std::int32_t& number) {
+    constexpr std::ptrdiff_t kMostDigits = 9;  // which 31 bits hold
+    const char* begin = plainElement();
+    const char* const end = stream_->windowEnd();
+    if (!begin || begin == end || *begin != '#')
+        return false;
+    const char* next = ++begin;
+    std::int32_t value = 0;
+    while (next != end && isDigit(*next) && next - begin < kMostDigits)
+        value = value * 10 + (*next++ - '0');
+    if (next == begin || next == end || (*next != ',' && *next != ')'))
+        return false;
+    number = value;
+    takeElement(next);
+    ++parameterIndex_;
+    return true;
 }
 
 /// @return null behind a comment.
@@ -395,7 +462,7 @@ const Token* Tokenizer::instanceName() {
         value = value * 10 + static_cast<std::uint64_t>(*next++ - '0');
     if (next != end && next - begin <= 18) [[likely]] {
         stream_->advanceTo(next);
-        return arena_.create<IdentifierToken>(static_cast<std::int64_t>(value), false);
+        return arena_.create<IdentifierToken>(static_cast<std::int64_t>(value));
     }
     takeByte();
     scratch_.clear();
@@ -407,7 +474,7 @@ const Token* Tokenizer::instanceName() {
     bool overflow = false;
     const std::int64_t exact =
         parseInteger(scratch_.data(), scratch_.data() + scratch_.size(), overflow);
-    return arena_.create<IdentifierToken>(exact, overflow);
+    return arena_.create<IdentifierToken>(exact);
 }
 
 const Token* Tokenizer::integerToken(const char* begin, const char* end) {
@@ -425,7 +492,13 @@ const RealDataTypeToken* Tokenizer::realToken(const char* begin, const char* end
 const Token* Tokenizer::number() {
     const char* const begin = stream_->windowBegin();
     const char* const end = stream_->windowEnd();
-    const char* next = begin + (*begin == '-' ? 1 : 0);
+    double value = 0;
+    const char* next = parseShortReal(begin, end, value);
+    if (next && next != end && (*next == ',' || *next == ')')) [[likely]] {
+        stream_->advanceTo(next);
+        return arena_.create<RealDataTypeToken>(value, false, false);
+    }
+    next = begin + (*begin == '-' ? 1 : 0);
     while (next != end && isDigit(*next))
         ++next;
     if (next == end)

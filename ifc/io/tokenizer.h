@@ -55,8 +55,24 @@ public:
     /// The byte that the last UnknownSignToken was made of.
     char lastUnknownSign() const { return lastUnknownSign_; }
 
+    // Most of a file are lists of coordinates and of references. These take the next element of one
+    // without making a token of it, when it comes right behind its comma or opening bracket, and
+    // its own comma or closing bracket right behind it. Otherwise they return false, with nothing
+    // consumed.
+
+    /// A real with a dot and without exponent, of few enough digits.
+    bool takePlainReal(double& value);
+    /// #n
+    bool takePlainName(std::int32_t& number);
+
     /// Ends every token. Does nothing while one is pending.
-    void clearTokens();
+    void clearTokens() {
+        if (pending_)
+            return;
+        arena_.rewind();
+        if (!ownedTokens_.empty()) [[unlikely]]
+            ownedTokens_.clear();
+    }
 
     /// Null when the extension is not known.
     FileStream::InputStream* stream() const { return stream_.get(); }
@@ -78,6 +94,8 @@ private:
 
     const Token* scan();
     bool skipBlanks();
+    const char* plainElement() const;
+    void takeElement(const char* stop);
     const Token* slash();
     void skipComment();
     const Token* keyword();

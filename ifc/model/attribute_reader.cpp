@@ -399,9 +399,10 @@ void AttributeReader::unknownEnumerationValue(std::string_view enumerationName,
 // References.
 
 /// The part of #n that is of class `declared`; null when there is none (yet).
-void* AttributeReader::bind(const Token& identifier, const ClassInfo& declared) {
-    const auto& name = as<IdentifierToken>(identifier);
-    IfcEntity* target = name.overflow ? nullptr : context_.entities.find(name.number);
+void* AttributeReader::bind(std::int64_t number, const ClassInfo& declared) {
+    IfcEntity* target = number > std::numeric_limits<std::int32_t>::max()
+                            ? nullptr
+                            : context_.entities.find(static_cast<std::int32_t>(number));
     if (target) [[likely]] {
         const CastCache::Result result = context_.casts.cast(target, declared);
         if (result.editable)
@@ -416,10 +417,10 @@ void* AttributeReader::bind(const Token& identifier, const ClassInfo& declared) 
     if (target)
         context_.wrongReference(*target, declared);
     else
-        context_.missingReference(name.exact);
+        context_.missingReference(number);
     // What was left out is not to be referred to in the output either; anything else is kept as it
     // stands.
-    if (target || !context_.wasLeftOut(name.exact))
+    if (target || !context_.wasLeftOut(number))
         damage();
     return nullptr;
 }
@@ -429,7 +430,7 @@ void* AttributeReader::readReference(Need need, const ClassInfo& declared) {
     if (!token)
         return nullptr;
     if (token->kind == TokenKind::Identifier) [[likely]]
-        return bind(*token, declared);
+        return bind(as<IdentifierToken>(*token).exact, declared);
     wrongArgument(u"IdentifierToken", *token);
     return nullptr;
 }
@@ -439,7 +440,7 @@ void* AttributeReader::readSelect(void* previous, Need need, const ClassInfo& de
     if (!token)
         return nullptr;
     if (token->kind == TokenKind::Identifier)
-        return bind(*token, declared);
+        return bind(as<IdentifierToken>(*token).exact, declared);
     if (token->kind == TokenKind::EntityName)
         return typedValue(*token, previous, declared);
     wrongArgument(u"IdentifierToken", *token);
@@ -591,12 +592,18 @@ void AttributeReader::reals(Sequence<double>& values, Need need) {
         return;
     }
     realScratch_.clear();
-    while (const Token* token = nextInList()) {
+    while (true) {
         double value = 0;
-        if (readNumber(*token, value)) [[likely]]
-            realScratch_.push_back(value);
-        else
-            wrongArgument(u"RealDataTypeToken", *token);
+        if (!tokenizer_.takePlainReal(value)) {
+            const Token* token = nextInList();
+            if (!token)
+                break;
+            if (!readNumber(*token, value)) {
+                wrongArgument(u"RealDataTypeToken", *token);
+                continue;
+            }
+        }
+        realScratch_.push_back(value);
     }
     keepList<double>(values, realScratch_);
 }
@@ -627,10 +634,22 @@ void AttributeReader::references(PointerSequence& values, Need need, const Class
         return;
     }
     const std::size_t begin = pointerScratch_.size();
-    while (const Token* token = nextInList()) {
-        if (token->kind != TokenKind::Identifier)
-            wrongArgument(u"IdentifierToken", *token);
-        else if (void* part = bind(*token, declared))
+    while (true) {
+        std::int32_t plain = 0;
+        std::int64_t number = 0;
+        if (tokenizer_.takePlainName(plain)) {
+            number = plain;
+        } else {
+            const Token* token = nextInList();
+            if (!token)
+                break;
+            if (token->kind != TokenKind::Identifier) {
+                wrongArgument(u"IdentifierToken", *token);
+                continue;
+            }
+            number = as<IdentifierToken>(*token).exact;
+        }
+        if (void* part = bind(number, declared))
             pointerScratch_.push_back(part);
     }
     keepPointers(values, begin);
@@ -646,7 +665,7 @@ void AttributeReader::selects(PointerSequence& values, Need need, const ClassInf
         const std::size_t index = pointerScratch_.size() - begin;
         void* part = nullptr;
         if (token->kind == TokenKind::Identifier)
-            part = bind(*token, declared);
+            part = bind(as<IdentifierToken>(*token).exact, declared);
         else if (token->kind == TokenKind::EntityName)
             part =
                 typedValue(*token, index < values.count ? values.items[index] : nullptr, declared);

@@ -170,7 +170,7 @@ private:
 
     void* readReference(Need need, const ClassInfo& declared);
     void* readSelect(void* previous, Need need, const ClassInfo& declared);
-    void* bind(const Token& identifier, const ClassInfo& declared);
+    void* bind(std::int64_t number, const ClassInfo& declared);
     void* typedValue(const Token& name, void* previous, const ClassInfo& declared);
     const Token& withoutPlus(const Token& token);
     bool readNumber(const Token& first, double& value);

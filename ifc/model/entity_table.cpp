@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ifc/model/memory_pool.h"
+
 namespace IFC {
 
 IfcEntity* EntityTable::findSparse(std::uint32_t index) const {
@@ -26,7 +28,7 @@ bool EntityTable::insert(std::int32_t number, IfcEntity* entity) {
 EntityTable::Page* EntityTable::pageFor(std::uint32_t index) {
     const std::size_t number = index / kPageSize;
     if (number < pages_.size() && pages_[number])
-        return pages_[number].get();
+        return pages_[number];
     // Neither the pages nor their directory may outgrow the entities by much.
     const bool affordable =
         pageCount_ * kLeastFillPerPage <= size_ + kFirstPages * kLeastFillPerPage &&
@@ -35,9 +37,8 @@ EntityTable::Page* EntityTable::pageFor(std::uint32_t index) {
         return nullptr;
     if (number >= pages_.size())
         pages_.resize(std::max(number + 1, pages_.size() + pages_.size() / 2));
-    pages_[number] = std::make_unique<Page>();
     ++pageCount_;
-    return pages_[number].get();
+    return pages_[number] = pool_.create<Page>();
 }
 
 }  // namespace IFC

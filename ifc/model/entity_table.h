@@ -2,19 +2,22 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <unordered_map>
 #include <vector>
 
 namespace IFC {
 
 class IfcEntity;
+class MemoryPool;
 
 /// The model's entities by instance number (#n). Numbers that lie close together, as most programs
 /// write them, cost 8 bytes and one look-up in an array; single numbers far from all others go into
 /// a hash map.
 class EntityTable {
 public:
+    /// pool: of the model; the table's own memory comes from there.
+    explicit EntityTable(MemoryPool& pool) : pool_(pool) {}
+
     /// Null when there is none. Numbers below 1 are never found.
     IfcEntity* find(std::int32_t number) const {
         const auto index = static_cast<std::uint32_t>(number);
@@ -49,13 +52,14 @@ private:
     static constexpr std::size_t kFirstDirectory = 0x10000;
 
     struct Page {
-        IfcEntity* entities[kPageSize] = {};
+        IfcEntity* entities[kPageSize];
     };
 
     IfcEntity* findSparse(std::uint32_t index) const;
     Page* pageFor(std::uint32_t index);
 
-    std::vector<std::unique_ptr<Page>> pages_;
+    MemoryPool& pool_;
+    std::vector<Page*> pages_;
     std::size_t pageCount_ = 0;
     std::unordered_map<std::uint32_t, IfcEntity*>
         sparse_;  // those whose page was not made when they came

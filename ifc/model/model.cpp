@@ -98,15 +98,6 @@ void Model::adopt(IfcEntity* entity) {
     add(entity);
 }
 
-IfcEntity* Model::findByGuid(std::u16string_view guid) const {
-    const auto found = guids_.find(guid);
-    return found == guids_.end() ? nullptr : found->second;
-}
-
-bool Model::registerGuid(std::u16string_view guid, IfcEntity* entity) {
-    return guids_.emplace(guid, entity).second;
-}
-
 void Model::recordReferencing() {
     if (referencingRecorded_)
         return;

@@ -12,6 +12,7 @@
 #include "ifc/io/token.h"
 #include "ifc/model/entity.h"
 #include "ifc/model/entity_table.h"
+#include "ifc/model/guid_index.h"
 #include "ifc/model/memory_pool.h"
 #include "ifc/model/record_shape.h"
 
@@ -58,10 +59,12 @@ public:
 
     /// The object with that GUID, null when there is none. New and changed GUIDs are found after
     /// registerGuid().
-    IfcEntity* findByGuid(std::u16string_view guid) const;
+    IfcEntity* findByGuid(std::u16string_view guid) const { return guids_.find(guid); }
     void reserveGuids(std::size_t count) { guids_.reserve(count); }
     /// guid: stored in the pool. @return false when another entity has it already.
-    bool registerGuid(std::u16string_view guid, IfcEntity* entity);
+    bool registerGuid(std::u16string_view guid, IfcEntity* entity) {
+        return guids_.insert(guid, entity);
+    }
 
     // The instances that editing needs; the first of each in the file, null when there is none.
     IfcEntity* unitAssignment() const { return unitAssignment_; }
@@ -101,11 +104,11 @@ public:
 
 private:
     MemoryPool pool_;
-    EntityTable table_;
+    EntityTable table_{pool_};
     std::deque<IfcEntity*> order_;
     std::vector<IfcEntity*> rooted_;
     std::unordered_map<std::string_view, const ClassInfo*> classes_;
-    std::unordered_map<std::u16string_view, IfcEntity*> guids_;
+    GuidIndex guids_;
     std::unordered_map<const IfcEntity*, RecordShape> shapes_;
     std::vector<IfcEntity*> editableOwners_;
     bool referencingRecorded_ = false;

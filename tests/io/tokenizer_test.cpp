@@ -52,6 +52,62 @@ TEST(Tokenizer, ReadsAWholeStatement) {
     checkTokens(kCases);
 }
 
+struct ElementCase {
+    std::string_view element;
+    bool plainReal;
+    bool plainName;
+};
+
+/// What the quick way takes, and what it leaves, gives the tokens that the usual way gives.
+TEST(TokenizerElement, IsTakenQuicklyOnlyWhenNothingStandsAroundIt) {
+    constexpr ElementCase kCases[] = {
+        {"1.", true, false},           {"-0.125", true, false},
+        {".5", false, false},          {"-.", false, false},
+        {".", false, false},           {"1", false, false},
+        {"1.E3", false, false},        {" 1.", false, false},
+        {"1. ", false, false},         {"1./*,*/", false, false},
+        {"1.5 2", false, false},       {"9007199254740993.", false, false},
+        {"$", false, false},           {"", false, false},
+        {"#17", false, true},          {"#999999999", false, true},
+        {"#1000000000", false, false}, {"#", false, false},
+        {"#1 ", false, false},         {"#1/**/", false, false},
+        {"#-1", false, false},         {"#1.", false, false},
+    };
+    for (const ElementCase& each : kCases) {
+        for (const std::string_view format : {"({},#2,3.)", "(3.,{},#2)", "(#2,{})"}) {
+            std::string step(format);
+            step.replace(step.find("{}"), 2, each.element);
+            const std::string usual = tokensOf(step, 4096);
+            for (const std::size_t bufferBytes : kBufferSizes) {
+                Tokenizer tokenizer(std::make_unique<MemoryInputStream>(step, bufferBytes), {});
+                std::string tokens = textOf(*tokenizer.nextToken());
+                double real = 0;
+                std::int32_t name = 0;
+                while (true) {
+                    if (tokenizer.takePlainReal(real))
+                        tokens += " " + textOf(RealDataTypeToken(real, false, false));
+                    else if (tokenizer.takePlainName(name))
+                        tokens += " " + textOf(IdentifierToken(name));
+                    else if (const Token* token = tokenizer.nextToken();
+                             token->kind != TokenKind::EndOfFile)
+                        tokens += " " + textOf(*token);
+                    else
+                        break;
+                }
+                EXPECT_EQ(tokens, usual) << step << "\nbuffer " << bufferBytes;
+            }
+        }
+        const std::string step = "(3.," + std::string(each.element) + ",#2)";
+        Tokenizer tokenizer(std::make_unique<MemoryInputStream>(step, 4096), {});
+        tokenizer.nextToken();
+        tokenizer.nextToken();
+        double real = 0;
+        std::int32_t name = 0;
+        EXPECT_EQ(tokenizer.takePlainReal(real), each.plainReal) << step;
+        EXPECT_EQ(!each.plainReal && tokenizer.takePlainName(name), each.plainName) << step;
+    }
+}
+
 TEST(TokenizerKeyword, IsLettersAndDigitsWithoutUnderscores) {
     constexpr ScanCase kCases[] = {
         {"IFCWALL", "Name:IFCWALL"},

@@ -6,6 +6,8 @@
 #include <random>
 #include <vector>
 
+#include "ifc/model/memory_pool.h"
+
 namespace {
 
 using IFC::EntityTable;
@@ -28,7 +30,8 @@ TEST(EntityTable, FindsWhatWasEnteredAndNothingElse) {
     for (int count = 0; count < 200'000; ++count)
         orders[3].push_back(1 + static_cast<std::int32_t>(random() >> (2 + count % 20)));
     for (const std::vector<std::int32_t>& order : orders) {
-        EntityTable table;
+        IFC::MemoryPool pool;
+        EntityTable table(pool);
         std::map<std::int32_t, IfcEntity*> expected;
         for (const std::int32_t number : order) {
             EXPECT_EQ(table.insert(number, entityOf(number)),
@@ -45,7 +48,8 @@ TEST(EntityTable, FindsWhatWasEnteredAndNothingElse) {
 }
 
 TEST(EntityTable, KeepsTheFirstOfOneNumber) {
-    EntityTable table;
+    IFC::MemoryPool pool;
+    EntityTable table(pool);
     EXPECT_TRUE(table.insert(7, entityOf(1)));
     EXPECT_FALSE(table.insert(7, entityOf(2)));
     EXPECT_EQ(table.find(7), entityOf(1));
@@ -53,14 +57,16 @@ TEST(EntityTable, KeepsTheFirstOfOneNumber) {
 }
 
 TEST(EntityTable, HasNothingBelowOne) {
-    EntityTable table;
+    IFC::MemoryPool pool;
+    EntityTable table(pool);
     table.insert(1, entityOf(1));
     for (const std::int32_t number : {0, -1, -9, -2'147'483'647 - 1})
         EXPECT_EQ(table.find(number), nullptr);
 }
 
 TEST(EntityTable, ReservesNumbersUnlessTooFewWouldBeLeft) {
-    EntityTable table;
+    IFC::MemoryPool pool;
+    EntityTable table(pool);
     table.insert(5, entityOf(5));
     for (const auto& [reserved, largest] : std::vector<std::pair<std::int64_t, std::int32_t>>{
              {3, 5}, {8, 8}, {2'147'483'647, 8}, {std::int64_t{1} << 40, 8}, {-1, 8}}) {
