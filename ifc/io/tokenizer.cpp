@@ -190,7 +190,7 @@ std::unique_ptr<FileStream::InputStream> openStream(const std::u16string& path,
 
 }  // namespace
 
-Tokenizer::Tokenizer(std::u16string path, std::size_t readBufferBytes, ErrorCallback errors)
+Tokenizer::Tokenizer(const std::u16string& path, std::size_t readBufferBytes, ErrorCallback errors)
     : stream_(openStream(path, readBufferBytes, errors)), errors_(std::move(errors)) {}
 
 Tokenizer::Tokenizer(std::unique_ptr<FileStream::InputStream> stream, ErrorCallback errors)

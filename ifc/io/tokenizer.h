@@ -20,7 +20,7 @@ class Tokenizer {
 public:
     /// Opens `path` by its extension: ".ifc", ".ifczip" or ".ahx|entry". Any other is reported, and
     /// there is no stream.
-    Tokenizer(std::u16string path, std::size_t readBufferBytes, ErrorCallback errors);
+    Tokenizer(const std::u16string& path, std::size_t readBufferBytes, ErrorCallback errors);
     /// Reads from a stream that is open already.
     Tokenizer(std::unique_ptr<FileStream::InputStream> stream, ErrorCallback errors);
     ~Tokenizer();
