@@ -169,23 +169,30 @@ private:
 /// Fills a store from the elements of a log.
 class EditLogReader {
 public:
-    EditLogReader(PendingEdits& edits, XmlProblems& problems)
-        : edits_(edits), problems_(problems) {}
+    /// leftOut: may be null.
+    EditLogReader(PendingEdits& edits, XmlProblems& problems, std::string* leftOut)
+        : edits_(edits), problems_(problems), leftOut_(leftOut) {}
 
-    void read(const tinyxml2::XMLDocument& document) {
+    /// @return the names of the files, in the log's order.
+    std::vector<std::u16string> read(const tinyxml2::XMLDocument& document) {
         std::vector<std::pair<const tinyxml2::XMLElement*, std::u16string>> files;
         for (const tinyxml2::XMLElement* element : childElements(document, problems_)) {
             if (std::string_view(element->Name()) != kFileElement)
                 problems_.reportIgnored(element->GetLineNum(), element->Name());
             else if (std::u16string name = attributeText(*element, kFileName, problems_);
-                     name.empty())
+                     name.empty()) {
                 problems_.reportAt(element->GetLineNum(), texts::kMissingFileName);
-            else
+                leaveOut(*element);
+            } else
                 files.emplace_back(element, std::move(name));
         }
         keepNamesakesApart(files);
-        for (const auto& [element, name] : files)
+        std::vector<std::u16string> names;
+        for (const auto& [element, name] : files) {
             readFile(*element, name);
+            names.push_back(name);
+        }
+        return names;
     }
 
 private:
@@ -210,19 +217,37 @@ private:
         for (const tinyxml2::XMLElement* child : childElements(element, problems_)) {
             if (std::string_view(child->Name()) != xml_format::kSetElement)
                 problems_.reportIgnored(child->GetLineNum(), child->Name());
-            else if (auto logged = readPropertySet(*child, problems_))
-                keepSet(file, *logged, child->GetLineNum());
+            else if (auto logged = readPropertySet(*child, problems_);
+                     !logged || !keepSet(file, *logged, child->GetLineNum()))
+                leaveOut(*child, name);
         }
     }
 
-    void keepSet(FileEdits& file, LoggedPropertySet& logged, int line) {
+    /// fileName: of the element around a set; empty for an element that stands alone.
+    void leaveOut(const tinyxml2::XMLElement& element, std::u16string_view fileName = {}) {
+        if (!leftOut_)
+            return;
+        StringPrinter printer;
+        element.Accept(&printer);
+        if (fileName.empty())
+            leftOut_->append(printer.takeText());
+        else
+            leftOut_->append("<File FileName=\"")
+                .append(toXmlText(fileName, XmlReferences::Written))
+                .append("\">\n")
+                .append(printer.takeText())
+                .append("</File>\n");
+    }
+
+    /// @return whether it was kept.
+    bool keepSet(FileEdits& file, LoggedPropertySet& logged, int line) {
         const std::u16string& setName = logged.record->name;
         const auto* list =
             std::find_if(std::begin(kSetLists), std::end(kSetLists),
                          [&logged](const SetList& known) { return known.type == logged.type; });
         if (list == std::end(kSetLists)) {
             problems_.reportAt(line, std::u16string(texts::kUnknownSetType).append(setName));
-            return;
+            return false;
         }
         ObjectEdits& object = file.objects[logged.ifcId];
         if (object.objectGuid.empty())
@@ -232,10 +257,12 @@ private:
         if (!guids_.emplace(&object, logged.record->SetIdentifier).second)
             problems_.reportAt(line, std::u16string(texts::kGuidDuplication).append(setName));
         (object.*list->records).push_back(std::move(logged.record));
+        return true;
     }
 
     PendingEdits& edits_;
     XmlProblems& problems_;
+    std::string* leftOut_;
     std::set<std::pair<const ObjectEdits*, std::u16string>> guids_;  // of the sets read so far
 };
 
@@ -280,7 +307,8 @@ std::string editLogText(const PendingEdits& edits, std::span<const LoadedFile> l
 }
 
 bool readEditLog(std::string_view xml, PendingEdits& edits, const ErrorCallback& errors,
-                 std::u16string_view logName) {
+                 std::u16string_view logName, std::string* leftOut,
+                 std::vector<std::u16string>* fileNames) {
     try {
         while (xml.ends_with('\0'))  // left by writers that count the end of their text
             xml.remove_suffix(1);
@@ -289,14 +317,58 @@ bool readEditLog(std::string_view xml, PendingEdits& edits, const ErrorCallback&
         if (!parse(xml, document, problems))
             return false;
         PendingEdits loaded = edits.emptied();
-        EditLogReader(loaded, problems).read(document);
+        std::vector<std::u16string> names = EditLogReader(loaded, problems, leftOut).read(document);
         edits = std::move(loaded);
+        if (fileNames)
+            *fileNames = std::move(names);
         return true;
     } catch (const std::bad_alloc&) {
         if (errors)  // without report(), which allocates
             errors("", texts::kOutOfMemory.data(), 0);
         return false;
     }
+}
+
+std::string unreadComment(std::string_view text) {
+    std::string comment(texts::kUnreadComment);
+    for (const char c : text) {
+        const bool isPlain = (c >= ' ' && c <= '~' && c != '-' && c != '&') || c == '\n';
+        if (isPlain)
+            comment.push_back(c);
+        else
+            comment.append("&#").append(std::to_string(static_cast<unsigned char>(c))).append(";");
+    }
+    return comment.append(texts::kUnreadCommentEnd);
+}
+
+std::vector<std::string> unreadTextsOf(std::string_view xml) {
+    const std::string_view end = texts::kUnreadCommentEnd.substr(
+        0, texts::kUnreadCommentEnd.size() - 1);  // another program may have changed line ends
+    std::vector<std::string> unread;
+    for (std::size_t at = xml.find(texts::kUnreadComment); at != xml.npos;
+         at = xml.find(texts::kUnreadComment, at)) {
+        at += texts::kUnreadComment.size();
+        const std::size_t last = xml.find(end, at);
+        if (last == xml.npos)
+            break;
+        std::string text;
+        while (at < last) {
+            unsigned char byte = 0;
+            const char* const digits = xml.data() + at + 2;
+            const bool isReference = xml.substr(at, last - at).starts_with("&#");
+            const auto [rest, error] =
+                isReference ? std::from_chars(digits, xml.data() + last, byte)
+                            : std::from_chars_result{nullptr, std::errc::invalid_argument};
+            if (error == std::errc() && *rest == ';') {
+                text.push_back(static_cast<char>(byte));
+                at = static_cast<std::size_t>(rest + 1 - xml.data());
+            } else {
+                text.push_back(xml[at++]);
+            }
+        }
+        unread.push_back(std::move(text));
+    }
+    return unread;
 }
 
 std::optional<std::string> rewrittenEditLog(std::string_view xml, const ErrorCallback& errors) {

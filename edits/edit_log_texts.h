@@ -17,6 +17,9 @@ inline constexpr std::u16string_view kTooManyAttributes = u"an element has too m
 inline constexpr std::u16string_view kGuidDuplication = u"Guid duplication of set: ";
 inline constexpr std::u16string_view kMissingFileName = u"File element without a FileName";
 inline constexpr std::u16string_view kUnknownSetType = u"Unknown type of set: ";
+/// Begins the comments that keep what could not be read.
+inline constexpr std::string_view kUnreadComment = "<!--Quillet keeps what it could not read: ";
+inline constexpr std::string_view kUnreadCommentEnd = " -->\n";
 inline constexpr std::u16string_view kOtherObjectGuid =
     u"The object's GUID differs from an earlier one of the same IfcId; the earlier one is kept. "
     u"Set: ";

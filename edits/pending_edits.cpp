@@ -110,12 +110,17 @@ void PendingEdits::keepApart(std::u16string_view path) {
     }
 }
 
+void PendingEdits::moveFile(std::u16string_view from, std::u16string_view to) {
+    if (auto entry = files_.extract(keyOf(from))) {
+        entry.key() = keyOf(to);
+        files_.insert(std::move(entry));
+    }
+}
+
 ObjectEdits* PendingEdits::findObject(const EditTarget& target) {
     const auto file = files_.find(keyOf(target.fileName));
-    if (file == files_.end())
-        return nullptr;
-    const auto object = file->second.objects.find(target.objectNumber);
-    return object != file->second.objects.end() ? &object->second : nullptr;
+    return file != files_.end() ? file->second.objects.findForWriting(target.objectNumber)
+                                : nullptr;
 }
 
 ObjectEdits& PendingEdits::openObject(const EditTarget& target) {

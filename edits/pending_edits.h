@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "edits/snapshot_map.h"
 #include "ifc/model/property_set_record.h"
 
 namespace IFC {
@@ -49,7 +50,7 @@ struct ObjectEdits {
 struct FileEdits {
     bool operator==(const FileEdits&) const = default;
 
-    std::map<std::int32_t, ObjectEdits> objects;  // by STEP instance number
+    SnapshotMap<ObjectEdits> objects;  // by STEP instance number
     bool loggedAsCached = false;  // "IsCached" in the edit log; kept for a file that is not loaded
 };
 
@@ -65,11 +66,13 @@ struct EditTarget {
 
 /// The edits that were made and not yet exported, by IFC file.
 ///
-/// A copy is a snapshot: it shares no record with the original. Every operation returns the
-/// affected record, which stays the store's, or null when it could not be applied; then nothing was
-/// changed but, perhaps, the state of the record, which says what was done (PropertySetState). A
-/// set that is not pending yet is one of the model and must be named by its GUID. A set that is
-/// marked for deletion takes no edits.
+/// A copy is a snapshot, which costs next to nothing: it shares the records with the original until
+/// one of the two changes an object's edits, and the changed object then has records of its own.
+/// Every operation returns the affected record, which stays the store's (and is the snapshot's
+/// alone once a snapshot was taken and the object edited again), or null when it could not be
+/// applied; then nothing was changed but, perhaps, the state of the record, which says what was
+/// done (PropertySetState). A set that is not pending yet is one of the model and must be named by
+/// its GUID. A set that is marked for deletion takes no edits.
 class PendingEdits {
 public:
     using Files = std::map<std::u16string, FileEdits, FileNameOrder>;
@@ -105,6 +108,9 @@ public:
     /// needed when two of them are loaded. Edits that are there under the base name belong to
     /// `path`.
     void keepApart(std::u16string_view path);
+
+    /// Gives the entry of a file to another one that has none, as when the file was moved.
+    void moveFile(std::u16string_view from, std::u16string_view to);
 
     /// Number of the object that was edited last; part of what undo restores.
     std::int32_t currentObjectNumber() const { return currentObjectNumber_; }

@@ -10,7 +10,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Who may include whom: what a folder's files include begins with one of these.
+/// Who may include whom: what the files of a folder, or those whose names begin so, include begins
+/// with one of these.
 struct Layer {
     std::string folder;
     std::vector<std::string> mayInclude;
@@ -21,7 +22,10 @@ const std::vector<Layer> kLayers = {
     {"ifc/io/", {"ifc/io/", "ifc/model/", "platform/"}},
     {"ifc/model/", {"ifc/io/", "ifc/model/", "platform/"}},
     {"ifc/schemas/", {"ifc/model/", "ifc/schemas/"}},
-    {"edits/", {"edits/", "ifc/io/", "ifc/model/", "platform/"}},
+    {"plugin/host_", {"plugin/host_", "platform/"}},
+    {"edits/", {"edits/", "ifc/io/", "ifc/model/", "platform/", "plugin/host_"}},
+    {"plugin/", {"edits/", "ifc/io/", "ifc/model/", "platform/", "plugin/"}},
+    {"standin/", {"ifc/io/", "ifc/model/", "platform/", "plugin/host_abi.h", "standin/"}},
     {"cli/", {"cli/", "edits/", "ifc/io/", "ifc/model/", "platform/"}},
     {"tools/schema_generator/", {"tools/schema_generator/"}},
 };
@@ -32,11 +36,21 @@ const std::vector<Layer> kForeign = {
     {"unistd.h", {"platform/posix/"}},
     {"sys/", {"platform/posix/"}},
     {"iconv.h", {"platform/posix/"}},
-    {"minizip/", {"ifc/io/"}},
-    {"zlib.h", {"ifc/io/"}},
+    {"minizip/", {"ifc/io/", "standin/core/project_archive.cpp"}},
+    {"zlib.h", {"ifc/io/", "standin/core/project_archive.cpp"}},
     {"tinyxml2.h", {"ifc/model/xml_", "edits/edit_log.cpp"}},
     {"utf8.h", {"platform/", "ifc/model/xml_"}},
 };
+
+/// The layer that tells most of the file.
+const Layer* layerOf(const std::string& file) {
+    const Layer* found = nullptr;
+    for (const Layer& layer : kLayers)
+        if (file.starts_with(layer.folder) &&
+            (!found || layer.folder.size() > found->folder.size()))
+            found = &layer;
+    return found;
+}
 
 /// The one place that names the releases.
 constexpr const char* kRegistry = "ifc/io/schema_registry.cpp";
@@ -66,13 +80,16 @@ std::vector<Include> includesOf(const fs::path& file) {
 TEST(Layering, EveryFolderIncludesOnlyWhatLiesBelowIt) {
     const fs::path root = QUILLET_SOURCE_DIR;
     std::size_t files = 0;
-    for (const Layer& layer : kLayers) {
-        for (const auto& entry : fs::recursive_directory_iterator(root / layer.folder)) {
+    for (const Layer& folder : kLayers) {
+        if (!folder.folder.ends_with('/'))
+            continue;
+        for (const auto& entry : fs::recursive_directory_iterator(root / folder.folder)) {
             const std::string extension = entry.path().extension().string();
             if (extension != ".h" && extension != ".cpp")
                 continue;
             ++files;
             const std::string name = entry.path().lexically_relative(root).generic_string();
+            const Layer& layer = *layerOf(name);
             for (const Include& include : includesOf(entry.path())) {
                 if (include.own && name != kRegistry) {
                     EXPECT_TRUE(beginsWithOne(include.name, layer.mayInclude))

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "edits/edit_session.h"
+
+namespace IFC {
+
+struct ExportOptions {
+    bool ignoreEnumerationErrors = true;  ///< the user's choice
+    std::u16string pluginFolder;  ///< where "LastPath.txt" is; without a separator at its end
+};
+
+/// Writes every loaded IFC file anew, with its pending edits, under names that the user chooses;
+/// asks and tells the user everything through the host's dialogs. The store is not changed. What
+/// goes wrong with one file is logged, and the export goes on with the next one; no file is touched
+/// that the user did not agree to overwrite, and a loaded one only when it was chosen by its own
+/// name.
+void exportModels(EditSession& session, const ExportOptions& options);
+
+}  // namespace IFC

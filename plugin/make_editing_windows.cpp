@@ -1,0 +1,9 @@
+#include "plugin/make_editing_windows.h"
+
+#include "plugin/answered_windows.h"
+
+std::unique_ptr<IFC::EditingWindows> makeEditingWindows(const HostCalls& host) {
+    if (host.answersWindows())
+        return std::make_unique<AnsweredWindows>(host);
+    return nullptr;
+}

@@ -1,0 +1,147 @@
+#include "plugin/plugin.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "edits/export_models.h"
+#include "edits/last_path.h"
+#include "edits/project_log.h"
+#include "ifc/io/log_file.h"
+#include "ifc/model/property_operations.h"
+#include "platform/main_module.h"
+#include "platform/message_box.h"
+#include "platform/shell_open.h"
+#include "platform/text.h"
+#include "plugin/edit_flows.h"
+#include "plugin/make_editing_windows.h"
+#include "plugin/plugin_paths.h"
+#include "plugin/plugin_texts.h"
+
+namespace {
+
+/// Kept: the host knows itself by no longer path.
+constexpr std::size_t kLongestProgramPath = 260;
+
+std::u16string hostProgramPath() {
+    return platform::mainModulePath().substr(0, kLongestProgramPath);
+}
+
+}  // namespace
+
+Plugin::LibraryTexts::LibraryTexts(const HostCalls& host)
+    : before_(IFC::setGetTextFunction([&host](const char* key) { return host.text(key); })) {}
+
+Plugin::LibraryTexts::~LibraryTexts() { IFC::setGetTextFunction(std::move(before_)); }
+
+Plugin::Plugin(const HostApi& api)
+    : PluginBase(api, texts::kPluginName),
+      session_(host()),
+      history_(host()),
+      libraryTexts_(host()) {
+    // Made before this is complete, so that they are there until it is gone.
+    LogFile::instance();
+    platform::setMessageBoxHandler(platform::setMessageBoxHandler({}));
+}
+
+Plugin::~Plugin() { LogFile::instance().close(); }
+
+void Plugin::fillPluginInfo(HostPluginInfo& info) {
+    useDataFolderOfHost();
+    PluginBase::fillPluginInfo(info);
+    info.maker = texts::kMaker;
+    info.webPage = texts::kMakerWebPage;
+    info.email = texts::kMakerEmail;
+}
+
+void Plugin::useDataFolderOfHost() { setDataFolder(paths::dataFolderOfHost(hostProgramPath())); }
+
+void Plugin::pluginLoaded(std::uint16_t, std::uintptr_t) {
+    useDataFolderOfHost();  // a host need not have asked for the information record
+    windows_.reset();       // gives back what it replaced before its successor replaces it
+    windows_ = makeEditingWindows(host());
+    loadLanguage();
+    readOptions(optionsPath(), options_);
+    progressTexts_ = {.overall = host().text(texts::kOverallProgressKey),
+                      .loading = host().text(texts::kLoadingKey),
+                      .deleting = host().text(texts::kDeletingKey),
+                      .saving = host().text(texts::kSavingKey)};
+    ribbon_ = buildRibbon(host(), dataFolder(), options_, buttonClickForwarder());
+    hostConfigPath_ = paths::hostConfigPath(moduleFolder(), hostProgramPath());
+}
+
+void Plugin::pluginUnloading() { writeOptions(optionsPath(), options_); }
+
+std::u16string Plugin::optionsPath() const {
+    return paths::inFolder(moduleFolder(), texts::kOptionsFile);
+}
+
+void Plugin::contextMenuOpening() { ribbon_.addToContextMenu(host()); }
+
+void Plugin::buttonClicked(HostButtonId button) {
+    if (button == 0)
+        return;  // items that could not be made have this id
+    if (button == ribbon_.exportModels)
+        exportModels();
+    else if (button == ribbon_.addPropertySet)
+        flows().addPropertySet();
+    else if (button == ribbon_.editMany)
+        flows().editMany();
+    else if (button == ribbon_.openRecent)
+        openRecentFile();
+    else if (button == ribbon_.ignoreEnumerationErrors)
+        toggle(options_.ignoreEnumerationErrors, button);
+    else if (button == ribbon_.eraseWhiteSigns)
+        toggle(options_.eraseWhiteSigns, button);
+    else if (button == ribbon_.edit && host().loadedIfcFilesCount() > 0)
+        session_.files.refresh(host(), session_.store);
+}
+
+EditFlows Plugin::flows() { return {session_, history_, windows_.get(), options_}; }
+
+void Plugin::exportModels() {
+    IFC::exportModels(session_, {.ignoreEnumerationErrors = options_.ignoreEnumerationErrors,
+                                 .pluginFolder = moduleFolder()});
+}
+
+void Plugin::openRecentFile() {
+    const std::u16string path = IFC::readLastPath(moduleFolder());
+    if (!platform::openWithDefaultProgram(path))
+        session_.reporter.report(texts::kOpenRecentFailedKey, path);
+}
+
+void Plugin::toggle(bool& option, HostButtonId checkBox) {
+    option = !option;
+    ribbon_.showDown(host(), checkBox, option);
+}
+
+bool Plugin::usesGeometryCache() {
+    return readHostOption(HostOption::UseGeometryCache, hostConfigPath_,
+                          session_.reporter.callback());
+}
+
+void Plugin::modelLoadedV2(std::uint8_t, std::uintptr_t, std::uintptr_t) {
+    modelLoaded();
+    session_.files.refresh(host(), session_.store);
+    ribbon_.enable(host(), ribbon_.exportModels, host().allObjectsCount() > 0);
+    IFC::loadProjectLog(session_, [this](const std::u16string&) { return usesGeometryCache(); });
+}
+
+void Plugin::projectSavingV2(std::uintptr_t, std::uintptr_t) {
+    IFC::saveProjectLog(session_, [this](const std::u16string&) { return usesGeometryCache(); });
+}
+
+void Plugin::changeRequested(const HostChangeRequest& request, std::uintptr_t) {
+    flows().changeRequested(request);
+}
+
+void Plugin::undoRedoRequested(std::int32_t action) { history_.act(action); }
+
+void Plugin::faultCaught(const char* what) noexcept {
+    try {
+        const std::u16string text =
+            what ? platform::fromUtf8(what) : std::u16string(texts::kOutOfMemoryFault);
+        session_.reporter.report("", text);
+    } catch (...) {
+        PluginBase::faultCaught(what);
+    }
+}
