@@ -3,10 +3,10 @@
 #include "cli/cli_texts.h"
 #include "cli/command_table.h"
 #include "cli/model_file.h"
-#include "cli/whole_file.h"
 #include "edits/edit_log.h"
 #include "edits/pending_edits.h"
 #include "ifc/model/record_texts.h"
+#include "platform/whole_file.h"
 
 namespace cli {
 namespace {
@@ -26,7 +26,7 @@ void reportOfLog(Session& session, const std::u16string& path, std::u16string_vi
 }
 
 bool readEdits(Session& session, const std::u16string& path, IFC::PendingEdits& edits) {
-    const std::optional<std::string> xml = readWholeFile(path);
+    const std::optional<std::string> xml = platform::readWholeFile(path);
     if (!xml) {
         session.reports.add({.file = path}, texts::kCanNotReadEdits);
         return false;

@@ -8,7 +8,6 @@
 #include "cli/command_table.h"
 #include "cli/model_file.h"
 #include "cli/object_sets.h"
-#include "cli/whole_file.h"
 #include "edits/edit_log.h"
 #include "edits/pending_edits.h"
 #include "ifc/io/guid.h"
@@ -19,7 +18,9 @@
 #include "ifc/model/units.h"
 #include "ifc/model/views.h"
 #include "platform/files.h"
+#include "platform/same_file.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace cli {
 namespace {
@@ -333,7 +334,7 @@ bool checkEditsFile(Session& session, const std::u16string& model, const std::u1
         session.reports.add({.file = path}, reason);
         return false;
     };
-    if (isSameFile(path, model) || isSameFile(path, output))
+    if (platform::isSameFile(path, model) || platform::isSameFile(path, output))
         return refuse(texts::kEditsFileIsModel);
     if (platform::fileExists(path) && !session.arguments.has(kForce))
         return refuse(texts::kEditsFileExists);
@@ -366,7 +367,7 @@ ExitStatus editObjects(Session& session, void (EditRecorder::*record)(IFC::IfcEn
     const ExitStatus status = applyAndWrite(session, file, *edits, output);
     if (status != ExitStatus::NotDone && arguments.has(kEdits)) {
         const std::u16string path(arguments.value(kEdits));
-        if (!writeWholeFile(path, IFC::editLogText(recorder.edits())))
+        if (!platform::writeWholeFile(path, IFC::editLogText(recorder.edits())))
             session.reports.add({.file = path},
                                 reportText(::texts::kCouldNotOpenFileWriteKey, u""));
     }

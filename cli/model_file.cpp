@@ -4,13 +4,13 @@
 
 #include "cli/cli_texts.h"
 #include "cli/command_table.h"
-#include "cli/whole_file.h"
 #include "edits/apply_edits.h"
 #include "ifc/io/io_texts.h"
 #include "ifc/io/parser_texts.h"
 #include "ifc/io/paths.h"
 #include "ifc/io/writer.h"
 #include "ifc/model/model.h"
+#include "platform/same_file.h"
 #include "platform/text.h"
 
 namespace cli {
@@ -80,9 +80,9 @@ bool checkOutput(Session& session, const std::u16string& output,
         session.reports.add({}, reportText(::texts::kCouldNotOpenFileExtensionKey, output));
         return false;
     }
-    const bool isInput =
-        std::any_of(inputs.begin(), inputs.end(),
-                    [&](const std::u16string& input) { return isSameFile(input, output); });
+    const bool isInput = std::any_of(
+        inputs.begin(), inputs.end(),
+        [&](const std::u16string& input) { return platform::isSameFile(input, output); });
     if (isInput && !session.arguments.has(options::kForce)) {
         session.reports.add({.file = output}, texts::kOutputIsInput);
         return false;

@@ -11,7 +11,6 @@
 #include "edits/export_targets.h"
 #include "edits/export_texts.h"
 #include "edits/last_path.h"
-#include "edits/same_file.h"
 #include "ifc/io/io_texts.h"
 #include "ifc/io/log_file.h"
 #include "ifc/io/parser.h"
@@ -21,6 +20,7 @@
 #include "ifc/model/model.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
+#include "platform/same_file.h"
 #include "platform/shell_open.h"
 #include "platform/text.h"
 
@@ -243,7 +243,7 @@ private:
     bool isLoaded(const std::u16string& target) const {
         const auto& files = session_.files.all();
         return std::any_of(files.begin(), files.end(), [&](const LoadedFiles::File& file) {
-            return !file.path.empty() && isSameFile(file.path, target);
+            return !file.path.empty() && platform::isSameFile(file.path, target);
         });
     }
 

@@ -1,11 +1,11 @@
 #include "edits/last_path.h"
 
-#include <array>
 #include <cstdio>
 
 #include "edits/export_texts.h"
 #include "platform/files.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 
 namespace IFC {
 namespace {
@@ -19,23 +19,10 @@ std::u16string lastPathFile(std::u16string_view pluginFolder) {
     return path.append(texts::kLastPathFile);
 }
 
-bool fill(const std::u16string& file, std::string_view bytes) {
-    platform::FileHandle handle(platform::openFile(file, "wb"));
-    return handle && std::fwrite(bytes.data(), 1, bytes.size(), handle.get()) == bytes.size() &&
-           std::fclose(handle.release()) == 0;
-}
-
 }  // namespace
 
 bool writeLastPath(std::u16string_view pluginFolder, std::u16string_view path) {
-    const std::u16string target = lastPathFile(pluginFolder);
-    const std::u16string part = platform::createFileBeside(target, u".part");
-    if (part.empty())
-        return false;
-    if (fill(part, platform::toPathBytes(path)) && platform::renameOver(part, target))
-        return true;
-    platform::removeFile(part);
-    return false;
+    return platform::writeWholeFile(lastPathFile(pluginFolder), platform::toPathBytes(path));
 }
 
 std::u16string readLastPath(std::u16string_view pluginFolder) {

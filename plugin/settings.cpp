@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "plugin/plugin_texts.h"
 
 namespace {
@@ -39,34 +40,6 @@ void takeLine(const std::string& line, bool& option) {
     else if (line == texts::kFalse)
         option = false;
 }
-
-/// Removes its file unless it was given another name.
-class FileToReplace {
-public:
-    explicit FileToReplace(const std::u16string& target)
-        : target_(target), path_(platform::createFileBeside(target, u".tmp")) {}
-    ~FileToReplace() {
-        if (!path_.empty())
-            platform::removeFile(path_);
-    }
-    FileToReplace(const FileToReplace&) = delete;
-    FileToReplace& operator=(const FileToReplace&) = delete;
-
-    void write(const std::string& bytes) {
-        platform::FileHandle file(path_.empty() ? nullptr : platform::openFile(path_, "wb"));
-        if (!file)
-            throwLastError();
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-            throwLastError();
-        if (std::fclose(file.release()) != 0 || !platform::renameOver(path_, target_))
-            throwLastError();
-        path_.clear();
-    }
-
-private:
-    const std::u16string& target_;
-    std::u16string path_;
-};
 
 /// Runs `body`; what it throws is told to the user.
 template <class Body>
@@ -103,7 +76,8 @@ void writeOptions(const std::u16string& path, const PluginOptions& options) {
         std::string bytes;
         for (const bool option : {options.ignoreEnumerationErrors, options.eraseWhiteSigns})
             bytes.append(option ? texts::kTrue : texts::kFalse).append("\n");
-        FileToReplace(path).write(bytes);
+        if (!platform::writeWholeFile(path, bytes))
+            throwLastError();
     });
 }
 

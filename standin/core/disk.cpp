@@ -1,8 +1,5 @@
 #include "standin/core/disk.h"
 
-#include <array>
-#include <cstdio>
-
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -11,27 +8,6 @@ namespace standin {
 std::filesystem::path pathOf(const std::u16string& path) {
     const std::string bytes = platform::toPathBytes(path);
     return std::u8string(bytes.begin(), bytes.end());
-}
-
-std::optional<std::string> readFile(const std::u16string& path) {
-    const platform::FileHandle file(platform::openFile(path, "rb"));
-    if (!file)
-        return std::nullopt;
-    std::string bytes;
-    std::array<char, 0x10000> block;
-    for (std::size_t count = block.size(); count == block.size();) {
-        count = std::fread(block.data(), 1, block.size(), file.get());
-        bytes.append(block.data(), count);
-    }
-    if (std::ferror(file.get()) != 0)
-        return std::nullopt;
-    return bytes;
-}
-
-bool writeFile(const std::u16string& path, std::string_view bytes) {
-    platform::FileHandle file(platform::openFile(path, "wb"));
-    return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-           std::fclose(file.release()) == 0;
 }
 
 std::u16string joined(std::u16string_view folder, std::u16string_view name) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,10 +8,6 @@ namespace standin {
 
 /// The standard library's form of a path.
 std::filesystem::path pathOf(const std::u16string& path);
-
-/// The bytes of a file; empty when it cannot be read.
-std::optional<std::string> readFile(const std::u16string& path);
-bool writeFile(const std::u16string& path, std::string_view bytes);
 
 /// `folder` with `name` behind it.
 std::u16string joined(std::u16string_view folder, std::u16string_view name);

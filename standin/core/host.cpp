@@ -6,6 +6,7 @@
 
 #include "ifc/io/paths.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "standin/core/display_cache.h"
 #include "standin/core/standin_texts.h"
 
@@ -236,7 +237,7 @@ bool Host::setGeometryCache(bool isUsed) {
     if (!isUsed)
         configuration += kGeometryCacheOption;
     const std::u16string path = joined(options_.programFolder, kConfigurationFile);
-    return writeFile(path, configuration) ||
+    return platform::writeWholeFile(path, configuration) ||
            fail(platform::toUtf8(path) + " " + std::string(texts::kCannotWrite));
 }
 

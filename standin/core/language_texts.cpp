@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "standin/core/disk.h"
 
 namespace standin {
@@ -33,7 +34,7 @@ std::string withoutEscapes(std::string_view text) {
 }  // namespace
 
 bool LanguageTexts::load(const std::u16string& path) {
-    const std::optional<std::string> bytes = readFile(path);
+    const std::optional<std::string> bytes = platform::readWholeFile(path);
     if (!bytes)
         return false;
     std::string_view rest = *bytes;

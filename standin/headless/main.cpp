@@ -6,6 +6,7 @@
 #include "platform/program_arguments.h"
 #include "platform/terminal.h"
 #include "platform/text.h"
+#include "platform/whole_file.h"
 #include "standin/core/disk.h"
 #include "standin/headless/headless_texts.h"
 #include "standin/headless/script.h"
@@ -36,7 +37,7 @@ int main(int argc, char** argv) {
     std::string text;
     if (arguments.size() == 2) {
         name = platform::toUtf8(arguments[1]);
-        const auto bytes = standin::readFile(arguments[1]);
+        const auto bytes = platform::readWholeFile(arguments[1]);
         if (!bytes)
             return cannotRun(name + ": " + std::string(standin::texts::kNoScript));
         text = *bytes;

@@ -6,7 +6,7 @@
 
 #include "edits/export_targets.h"
 #include "edits/last_path.h"
-#include "edits/same_file.h"
+#include "platform/same_file.h"
 #include "platform/shell_open.h"
 #include "tests/edits/fake_host.h"
 #include "tests/support/reports.h"
@@ -199,10 +199,10 @@ TEST(SameFile, IsKnownByOtherPathsAndLinks) {
     const std::u16string file = folder.write(u"a.ifc", "x");
     std::error_code noLinks;
     std::filesystem::create_hard_link(file, folder / u"link.ifc", noLinks);
-    EXPECT_TRUE(isSameFile(file, folder / u"./a.ifc"));
-    EXPECT_TRUE(noLinks || isSameFile(file, folder / u"link.ifc"));
-    EXPECT_TRUE(isSameFile(folder / u"new.ifc", folder / u"./new.ifc"));
-    EXPECT_FALSE(isSameFile(file, folder / u"b.ifc"));
+    EXPECT_TRUE(platform::isSameFile(file, folder / u"./a.ifc"));
+    EXPECT_TRUE(noLinks || platform::isSameFile(file, folder / u"link.ifc"));
+    EXPECT_TRUE(platform::isSameFile(folder / u"new.ifc", folder / u"./new.ifc"));
+    EXPECT_FALSE(platform::isSameFile(file, folder / u"b.ifc"));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/main_module.h"
+#include "platform/whole_file.h"
 #include "tests/standin/playground.h"
 
 namespace {
@@ -179,7 +180,7 @@ TEST(Texts, AreFoundBesideThePluginAndByPath) {
         return found ? std::u16string(found) : u"(null)";
     };
     EXPECT_FALSE(load(u"lang.de"));
-    standin::writeFile(
+    platform::writeWholeFile(
         standin::joined(standin::folderOf(playground.pluginPath()), u"lang.de"),
         "\xEF\xBB\xBFyes=Ja\r\n# no=Nein\n\nsum=1+1=2\nlines=a\\nb \\\\ c\\d\nlast=ü");
     ASSERT_TRUE(load(u"lang.de"));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/dynamic_library.h"
+#include "platform/whole_file.h"
 #include "standin/core/disk.h"
 #include "standin/core/host.h"
 #include "tests/standin/recording_plugin.h"
@@ -51,7 +52,7 @@ public:
 
     /// A copy of the sample house in this folder.
     std::u16string house(std::u16string_view name = u"Haus am S\u00FCdhang.ifc") {
-        const auto bytes = standin::readFile(
+        const auto bytes = platform::readWholeFile(
             std::filesystem::path(QUILLET_SOURCE_DIR "/samples/sample_house.ifc").u16string());
         return folder_.write(name, bytes.value());
     }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/whole_file.h"
 #include "standin/core/display_table.h"
 #include "tests/standin/playground.h"
 #include "tests/support/zip_archive.h"
@@ -42,7 +43,7 @@ TEST(Projects, KeepModelsAndTheEntriesOfThePlugin) {
     for (const standin::LoadedFile& file : host.objects().files()) {
         const std::u16string path = plugin.host.get_project_path(plugin.handle, file.id);
         EXPECT_EQ(standin::fileNameOf(path), u"H\u00E4user 1.ifc");
-        EXPECT_TRUE(standin::readFile(path) == standin::readFile(playground.house()));
+        EXPECT_TRUE(platform::readWholeFile(path) == platform::readWholeFile(playground.house()));
     }
     plugin.react = nullptr;
     ASSERT_TRUE(host.save());
@@ -64,14 +65,14 @@ TEST(Projects, SurviveASaveThatFails) {
     writeAtSave(plugin, "old");
     const std::u16string project = playground.folder() / u"house.ahx";
     ASSERT_TRUE(host.save(project));
-    const auto before = standin::readFile(project);
+    const auto before = platform::readWholeFile(project);
     const std::ptrdiff_t filesBefore = playground.folder().count();
     writeAtSave(plugin, "new");
     plugin.host.need_save_ahx(plugin.handle, true);
     for (std::int64_t bytes = 0; bytes < static_cast<std::int64_t>(before->size()); bytes += 97) {
         host.faults().diskBytes = bytes;
         EXPECT_FALSE(host.save()) << bytes;
-        ASSERT_EQ(standin::readFile(project), before) << bytes;
+        ASSERT_EQ(platform::readWholeFile(project), before) << bytes;
         ASSERT_EQ(playground.folder().count(), filesBefore);
     }
     host.faults().clear();
@@ -82,7 +83,7 @@ TEST(Projects, SurviveASaveThatFails) {
     EXPECT_TRUE(playground.folder().read(u"Haus am S\u00FCdhang.ifc").starts_with("ISO-10303-21"));
     std::filesystem::permissions(standin::pathOf(project), std::filesystem::perms::owner_read);
     EXPECT_FALSE(host.save());
-    EXPECT_EQ(standin::readFile(project), before);
+    EXPECT_EQ(platform::readWholeFile(project), before);
     std::filesystem::permissions(standin::pathOf(project), std::filesystem::perms::owner_all);
     EXPECT_TRUE(host.save());
     EXPECT_EQ(readEntry(plugin, u"Data.xml"), "new");
@@ -95,7 +96,7 @@ TEST(Projects, KeepDisplaysWithTheGeometryCacheOnly) {
         standin::Host& host = playground.host();
         Recorder& plugin = playground.plugin();
         ASSERT_TRUE(host.setGeometryCache(isUsed));
-        EXPECT_EQ(standin::readFile(playground.programFolder() + u"/main.cfg")
+        EXPECT_EQ(platform::readWholeFile(playground.programFolder() + u"/main.cfg")
                           ->find("use_geometry_cache") == std::string::npos,
                   isUsed);
         ASSERT_TRUE(host.open({playground.house()}));
@@ -125,7 +126,7 @@ TEST(Projects, BadFilesLeaveWhatIsOpen) {
     writeZip(folder / u"escape.ahx", {{"../evil.ifc", "ISO"}});
     writeZip(folder / u"empty.ahx", {{"Data.xml", "<File/>"}});
     writeZip(folder / u"model.ahx", {{"a.ifc", "this is no model"}});
-    const std::string house = *standin::readFile(playground.house());
+    const std::string house = *platform::readWholeFile(playground.house());
     writeZip(folder / u"cut.ahx", {{"a.ifc", house}});
     folder.write(u"cut.ahx", folder.read(u"cut.ahx").substr(0, 900));
     const std::pair<std::u16string, std::string> cases[] = {

@@ -1,15 +1,15 @@
-#include "edits/same_file.h"
+#include "platform/same_file.h"
 
 #include <filesystem>
 #include <system_error>
 
 #include "platform/text.h"
 
-namespace IFC {
+namespace platform {
 namespace {
 
 std::filesystem::path pathOf(const std::u16string& path) {
-    const std::string bytes = platform::toPathBytes(path);
+    const std::string bytes = toPathBytes(path);
     return std::u8string(bytes.begin(), bytes.end());
 }
 
@@ -33,4 +33,4 @@ bool isSameFile(const std::u16string& a, const std::u16string& b) {
     }
 }
 
-}  // namespace IFC
+}  // namespace platform

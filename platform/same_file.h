@@ -2,9 +2,9 @@
 
 #include <string>
 
-namespace IFC {
+namespace platform {
 
 /// Whether both name one file, also by different paths or links. Neither has to exist.
 bool isSameFile(const std::u16string& a, const std::u16string& b);
 
-}  // namespace IFC
+}  // namespace platform
