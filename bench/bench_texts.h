@@ -25,6 +25,7 @@ inline constexpr std::string_view kBenchUsage =
     "  write MODEL TARGET   write the model that was read before\n"
     "  edit MODEL TARGET    read, change a text in a property set that several objects share, "
     "write\n";
+inline constexpr std::string_view kEditsBenchUsage = "usage: edits-bench OBJECTS\n";
 inline constexpr std::string_view kBenchFailed = "quillet-bench: ";
 inline constexpr std::string_view kCannotRead = "the file cannot be read";
 inline constexpr std::string_view kNoSharedText =

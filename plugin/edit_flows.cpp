@@ -225,7 +225,8 @@ void EditFlows::addProperty(const Chosen& chosen, const Request& request) {
         }
         return;
     }
-    run(std::make_unique<IFC::AddPropertyCommand>(session_, chosen.target(*set), property),
+    run(std::make_unique<IFC::AddPropertyCommand>(session_, chosen.target(*set), property,
+                                                  IFC::addingUnderFreeName()),
         texts::kUnableToAddPropertyKey);
 }
 

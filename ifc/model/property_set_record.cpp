@@ -91,10 +91,13 @@ IfcPropertySet::Properties::const_iterator IfcPropertySet::findPredecessor(
         return sameName;
     if (initialName.empty())
         return properties.end();
-    const auto renamed = std::find_if(
-        properties.begin(), properties.end(),
-        [&initialName](const auto& entry) { return entry.second.initialName == initialName; });
-    return renamed != properties.end() ? renamed : properties.find(initialName);
+    // A present name counts first: what had the name before may be called otherwise by now.
+    const auto present = properties.find(initialName);
+    if (present != properties.end())
+        return present;
+    return std::find_if(properties.begin(), properties.end(), [&initialName](const auto& entry) {
+        return entry.second.initialName == initialName;
+    });
 }
 
 IfcProperty* IfcPropertySet::EditProperty(const IfcProperty& record) {

@@ -62,8 +62,8 @@ public:
     bool DeleteProperty(std::u16string_view propertyName);
 
     /// The held record of which `record` is the next form: of the same name, or, where `record` is
-    /// a rename, the one whose initial or present name is the initial name of `record`. Null when
-    /// there is none.
+    /// a rename, the one whose present name, or else whose initial one, is the initial name of
+    /// `record`. Null when there is none.
     const IfcProperty* predecessorOf(const IfcProperty& record) const;
 
     bool operator==(const IfcPropertySet&) const = default;

@@ -18,9 +18,17 @@ std::string ran(Playground& playground, std::string_view text) {
     return std::to_string(static_cast<int>(status)) + "\n" + shown;
 }
 
+/// The action that opens the sample.
+std::string openHouse(Playground& playground) {
+    std::string action = "open \"";
+    for (const char byte : platform::toUtf8(playground.house()))
+        action.append(byte == '\\' ? 2 : 1, byte);  // of a path on Windows
+    return action + "\"\n";
+}
+
 TEST(Scripts, ShowAndExpect) {
     Playground playground;
-    const std::string open = "open \"" + platform::toUtf8(playground.house()) + "\"\n";
+    const std::string open = openHouse(playground);
     EXPECT_EQ(
         ran(playground, open + "select \"West wall\"  # the other one\n"
                                "show display\n"
@@ -52,10 +60,10 @@ TEST(Scripts, ShowAndExpect) {
 TEST(Scripts, RequestsReachThePlugin) {
     Playground playground;
     Recorder& plugin = playground.plugin();
-    EXPECT_EQ(ran(playground, "open \"" + platform::toUtf8(playground.house()) +
-                                  "\"\nselect #65\nrequest edit Finish Colour\n"
-                                  "request add Finish\nrequest rename-set Finish\n"),
-              "0\nexpectations held: 0, failed: 0\n");
+    EXPECT_EQ(
+        ran(playground, openHouse(playground) + "select #65\nrequest edit Finish Colour\n"
+                                                "request add Finish\nrequest rename-set Finish\n"),
+        "0\nexpectations held: 0, failed: 0\n");
     EXPECT_EQ(plugin.events,
               (std::vector<std::string>{"load", "loaded", "selection", "request 0 Finish Colour",
                                         "request 2 Finish (null)", "request 4 Finish (null)"}));
