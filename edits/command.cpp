@@ -85,12 +85,6 @@ AddPropertyCommand::AddPropertyCommand(EditSession& session, EditTarget target,
     operation_->question = session.host.text(texts::kReplaceQuestionKey);
 }
 
-std::shared_ptr<AddPropertyOperation> addingUnderFreeName() {
-    auto operation = std::make_shared<AddPropertyOperation>();
-    operation->addingPolicy = AddPropertyOperation::kReplaceWithoutQuestion;
-    return operation;
-}
-
 std::optional<std::int32_t> actionForAddedProperty(std::int32_t setState) {
     switch (setState) {
         case kSetPropertyAdded: return kHostAddToSet;

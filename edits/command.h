@@ -79,10 +79,6 @@ private:
     std::optional<IfcProperty> replaced_;  // the pending property that had the name
 };
 
-/// For adding a property whose name nothing displayed has: what the store may still hold under it
-/// was deleted before, and is replaced without a question.
-std::shared_ptr<AddPropertyOperation> addingUnderFreeName();
-
 /// The action that shows an added property, by the state in which the set's record came back; empty
 /// for a state of which the host is not told.
 std::optional<std::int32_t> actionForAddedProperty(std::int32_t setState);

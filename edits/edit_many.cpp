@@ -210,7 +210,7 @@ private:
         });
         ShownSet& set = sets_[ofKind != sets.end() ? *ofKind : sets.front()];
         if (group_.run(std::make_unique<AddPropertyCommand>(session_, targetOf(set), property,
-                                                            addingUnderFreeName())))
+                                                            operation_)))
             set.rows.push_back(rowOf(set.name, set.guid, property));
     }
 

@@ -45,7 +45,10 @@ PropertySetRecords::iterator findSet(PropertySetRecords& records, const EditTarg
 /// A property of the model that the edited set does not hold yet enters it in the given state.
 /// @return whether it did.
 bool enterProperty(IfcPropertySet& set, IfcProperty& property, PropertyState state) {
-    if (set.predecessorOf(property) || set.properties.contains(property.name))
+    if (set.predecessorOf(property))
+        return false;
+    set.freeName(property.name);
+    if (set.properties.contains(property.name))
         return false;
     if (property.initialName.empty())
         property.initialName = property.name;

@@ -115,21 +115,49 @@ private:
             session_.reporter.report("", std::u16string(texts::kGuidDuplication).append(set.name));
     }
 
+    /// Deletions first and additions last, so that each name is free when a property gets it.
     void changeSet(const IfcPropertySet& set) {
         const Shown* shown = find(set);
-        for (const auto& [name, property] : set.properties) {
-            const DisplayedProperty row = rowOf(set.name, set.SetIdentifier, property);
-            if (property.state == kPropertyAdded) {
-                if (!shown || !shown->isPending(name))
-                    send(kHostAddToSet, set, name, {row});
-            } else if (property.state == kPropertyEdited) {
-                send(kHostChange, set, row.initialName, {row});
-            } else if (property.state == kPropertyDeleted) {
+        std::vector<DisplayedProperty> edited;
+        for (const auto& [key, property] : set.properties) {
+            DisplayedProperty row = rowOf(set.name, set.SetIdentifier, property);
+            if (property.state == kPropertyDeleted)
                 send(kHostRemove, set, row.initialName, {row});
-            }
+            else if (property.state == kPropertyEdited)
+                edited.push_back(std::move(row));
         }
+        changeProperties(set, std::move(edited));
+        for (const auto& [key, property] : set.properties)
+            if (property.state == kPropertyAdded && (!shown || !shown->isPending(property.name)))
+                send(kHostAddToSet, set, property.name,
+                     {rowOf(set.name, set.SetIdentifier, property)});
         if (shown && !set.name.empty() && shown->name != set.name)
             send(kHostChange, set, {}, {}, set.name);
+    }
+
+    /// Renames may hand names on: a property changes when no other one still has its new name.
+    /// Where they go in a circle, one steps aside first.
+    void changeProperties(const IfcPropertySet& set, std::vector<DisplayedProperty> waiting) {
+        std::set<std::u16string> names;  // that those waiting still have
+        for (const DisplayedProperty& row : waiting)
+            names.insert(row.initialName);
+        while (!waiting.empty()) {
+            const auto free = std::find_if(waiting.begin(), waiting.end(), [&](const auto& row) {
+                return row.name == row.initialName || !names.contains(row.name);
+            });
+            if (free == waiting.end()) {
+                DisplayedProperty& first = waiting.front();
+                DisplayedProperty aside = first;
+                aside.name.append(texts::kNameAside);
+                send(kHostChange, set, first.initialName, {aside});
+                names.erase(first.initialName);
+                first.initialName = aside.name;
+                continue;
+            }
+            send(kHostChange, set, free->initialName, {*free});
+            names.erase(free->initialName);
+            waiting.erase(free);
+        }
     }
 
     void send(std::int32_t action, const IfcPropertySet& set, const std::u16string& propertyName,

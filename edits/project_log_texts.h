@@ -29,4 +29,7 @@ inline constexpr std::u16string_view kFileNotLoaded = u" (the file is not loaded
 inline constexpr std::u16string_view kUnknownObjects = u" (objects not found: ";
 inline constexpr std::u16string_view kUnknownObjectsEnd = u")";
 
+/// Behind the name of a property that makes room for another one for a moment.
+inline constexpr std::u16string_view kNameAside = u" ...";
+
 }  // namespace texts

@@ -225,8 +225,7 @@ void EditFlows::addProperty(const Chosen& chosen, const Request& request) {
         }
         return;
     }
-    run(std::make_unique<IFC::AddPropertyCommand>(session_, chosen.target(*set), property,
-                                                  IFC::addingUnderFreeName()),
+    run(std::make_unique<IFC::AddPropertyCommand>(session_, chosen.target(*set), property),
         texts::kUnableToAddPropertyKey);
 }
 

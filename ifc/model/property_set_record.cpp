@@ -58,7 +58,22 @@ IfcPropertySet::IfcPropertySet(std::u16string_view setIdentifier, std::u16string
         throw std::runtime_error(texts::kEmptySetIdentifier);
 }
 
+std::u16string IfcPropertySet::keyAside(const IfcProperty& deleted) {
+    constexpr char16_t kNoCharacter = u'\uFFFF';  // so that no name is the same
+    return kNoCharacter + (deleted.initialName.empty() ? deleted.name : deleted.initialName);
+}
+
+void IfcPropertySet::freeName(const std::u16string& propertyName) {
+    const auto held = properties.find(propertyName);
+    if (held == properties.end() || held->second.state != kPropertyDeleted)
+        return;
+    auto node = properties.extract(held);
+    node.key() = keyAside(node.mapped());
+    properties.insert(std::move(node));
+}
+
 bool IfcPropertySet::AddProperty(const IfcProperty& record, AddPropertyOperation& operation) {
+    freeName(record.name);
     const auto [place, inserted] = properties.try_emplace(record.name, record);
     if (!inserted) {
         if (!mayReplace(operation)) {
@@ -101,6 +116,8 @@ IfcPropertySet::Properties::const_iterator IfcPropertySet::findPredecessor(
 }
 
 IfcProperty* IfcPropertySet::EditProperty(const IfcProperty& record) {
+    if (!record.initialName.empty() && record.initialName != record.name)
+        freeName(record.name);
     const auto predecessor = findPredecessor(record);
     IfcProperty edited =
         predecessor != properties.end() ? successor(predecessor->second, record) : record;

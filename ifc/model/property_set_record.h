@@ -43,9 +43,10 @@ public:
     IfcPropertySet(std::u16string_view setIdentifier, std::u16string_view setName);
 
     /// Takes `record` in. Where there is a property of that name already, the user is asked once
-    /// per operation, unless the policy replaces without a question. What replaces a property of
-    /// the file is an edit of it: it keeps the initial name and gets the state kPropertyEdited, so
-    /// that an export does not write a second property of the name.
+    /// per operation, unless the policy replaces without a question; not where it is marked for
+    /// deletion, which goes on beside it. What replaces a property of the file is an edit of it: it
+    /// keeps the initial name and gets the state kPropertyEdited, so that an export does not write
+    /// a second property of the name.
     /// @return false when the user refused; the state is then 0.
     bool AddProperty(const IfcProperty& record, AddPropertyOperation& operation);
 
@@ -66,6 +67,11 @@ public:
     /// `record`. Null when there is none.
     const IfcProperty* predecessorOf(const IfcProperty& record) const;
 
+    /// Lets another property have the name of one that is marked for deletion: the mark goes on
+    /// under a key of its own (keyAside). Does nothing when the name is free, or a property has it.
+    void freeName(const std::u16string& propertyName);
+    static std::u16string keyAside(const IfcProperty& deleted);
+
     bool operator==(const IfcPropertySet&) const = default;
 
     using Properties = std::map<std::u16string, IfcProperty, std::less<>>;
@@ -73,7 +79,7 @@ public:
     // Field order is fixed.
     std::u16string SetIdentifier;  // GUID of the set, never empty
     std::u16string name;
-    Properties properties;                     // by present name
+    Properties properties;                     // by present name, but see freeName()
     std::int32_t state = kSetOperationFailed;  // PropertySetState
 
 private:

@@ -117,7 +117,14 @@ void readProperties(const tinyxml2::XMLElement& element, IfcPropertySet& set,
                               std::u16string(texts::kMissingPropertyName).append(set.name));
             continue;
         }
-        if (set.properties.contains(property.name))
+        set.freeName(property.name);
+        const bool isTaken = set.properties.contains(property.name);
+        if (isTaken && property.state == kPropertyDeleted) {
+            const std::u16string key = IfcPropertySet::keyAside(property);
+            set.properties.insert_or_assign(key, std::move(property));
+            continue;
+        }
+        if (isTaken)
             problems.reportAt(child->GetLineNum(), std::u16string(texts::kPropertyDuplication)
                                                        .append(property.name)
                                                        .append(texts::kPropertyDuplicationOfSet)

@@ -78,8 +78,8 @@ TEST_F(ProjectLog, BringsOnlyTheDisplayOfFilesWithoutCacheIntoLine) {
                propertyXml("A", "1") + propertyXml("E", "2") + propertyXml("X", "3")) +
         setXml("D", "3", "oA", "21", "Deleted");
     const Texts all = {
-        "change 1 #21 1/N [A=1] after 0",          "change 0 #21 2/Old name/A [A=1] after 0",
-        "change 4 #21 2/Old name/E [E=1] after 0", "change 3 #21 2/Old name/X [X=1] after 0",
+        "change 1 #21 1/N [A=1] after 0",          "change 3 #21 2/Old name/X [X=1] after 0",
+        "change 4 #21 2/Old name/E [E=1] after 0", "change 0 #21 2/Old name/A [A=1] after 0",
         "change 4 #21 2/Old name->Ed after 0",     "change 3 #21 3/D after 0"};
     for (const bool logged : {false, true}) {
         for (const bool used : {false, true}) {

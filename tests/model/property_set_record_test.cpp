@@ -82,13 +82,30 @@ TEST(AddProperty, AsksOnceBeforeItReplaces) {
 
 TEST(AddProperty, OverOneOfTheFileIsAnEditOfIt) {
     AddPropertyOperation replace{.addingPolicy = 3, .question = {}, .replaceAnswer = {}};
-    for (const std::int32_t state : {kPropertyUnchanged, kPropertyEdited, kPropertyDeleted}) {
+    for (const std::int32_t state : {kPropertyUnchanged, kPropertyEdited}) {
         IfcPropertySet set = setOf({rename(u"InFile", u"A")});
         set.properties.at(u"A").state = state;
         ASSERT_TRUE(set.AddProperty(property(u"A", u"new", kPropertyAdded), replace));
         EXPECT_EQ(set.properties.at(u"A").state, kPropertyEdited);
         EXPECT_EQ(set.properties.at(u"A").initialName, u"InFile");
     }
+}
+
+TEST(AddProperty, UnderTheNameOfADeletedOneStandsBesideTheMark) {
+    AnsweredMessages boxes(platform::MessageAnswer::No);
+    IfcPropertySet set = setOf({rename(u"InFile", u"A"), property(u"B", u"", kPropertyEdited)});
+    ASSERT_TRUE(set.DeleteProperty(u"A"));
+    AddPropertyOperation operation;
+    ASSERT_TRUE(set.AddProperty(property(u"A", u"new", kPropertyAdded), operation));
+    EXPECT_EQ(set.properties.at(u"A").state, kPropertyAdded);
+    ASSERT_TRUE(set.DeleteProperty(u"A"));
+    EXPECT_NE(set.EditProperty(rename(u"B", u"A")), nullptr);
+    ASSERT_EQ(set.properties.size(), 2u);
+    EXPECT_EQ(set.properties.at(u"A").state, kPropertyEdited);
+    const IfcProperty& mark = set.properties.rbegin()->second;
+    EXPECT_EQ(mark.state, kPropertyDeleted);
+    EXPECT_EQ(mark.initialName, u"InFile");
+    EXPECT_EQ(boxes.entries, Texts());
 }
 
 TEST(EditProperty, KeepsTheStateAndWhatIsLeftEmpty) {
