@@ -138,8 +138,10 @@ IfcProperty filledFrom(const IfcProperty& before, IfcProperty after) {
     set.properties.emplace(before.name, before);
     if (!set.predecessorOf(after))
         return after;
-    const IfcProperty* filled = set.EditProperty(after);
-    return filled ? *filled : after;
+    if (const IfcProperty* filled = set.EditProperty(after))
+        after = *filled;
+    after.initialName = before.name;  // by which the store finds it
+    return after;
 }
 
 EditPropertyCommand::EditPropertyCommand(EditSession& session, EditTarget target,
@@ -152,16 +154,16 @@ bool EditPropertyCommand::redo() {
     if (fileName().empty())
         return false;
     const PendingEdits storeBefore = session().store;
-    const auto set = session().store.editProperty(target_, after_);
-    const IfcProperty* held = set ? set->predecessorOf(after_) : nullptr;
-    if (!held)
-        return false;
-    held_ = *held;
-    sendProperty(kHostChange, before_.name, rowOf(set->name, set->SetIdentifier, held_));
-    session().host.invalidate();
-    if (changeId_ == 0)
-        session().store = storeBefore;
-    return changeId_ != 0;
+    if (const auto set = session().store.editProperty(target_, after_);
+        set && set->properties.contains(after_.name)) {
+        held_ = set->properties.at(after_.name);
+        sendProperty(kHostChange, before_.name, rowOf(set->name, set->SetIdentifier, held_));
+        session().host.invalidate();
+        if (changeId_ != 0)
+            return true;
+    }
+    session().store = storeBefore;
+    return false;
 }
 
 void EditPropertyCommand::undo() {

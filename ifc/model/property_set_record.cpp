@@ -34,9 +34,11 @@ void fillFrom(const std::u16string& predecessor, std::u16string& field) {
 /// `record` with its empty fields from `predecessor`.
 IfcProperty successor(const IfcProperty& predecessor, IfcProperty record) {
     record.state = predecessor.state;
-    if (!predecessor.initialName.empty())
-        record.initialName = predecessor.initialName;
     fillFrom(predecessor.name, record.name);
+    if (predecessor.state == kPropertyAdded)
+        record.initialName = record.name;  // the file knows no other
+    else if (!predecessor.initialName.empty())
+        record.initialName = predecessor.initialName;
     if (record.value.empty()) {
         record.value = predecessor.value;
         record.valueType = predecessor.valueType;

@@ -12,7 +12,7 @@
 /// One single-value property or quantity as editing windows and commands see it. All texts are
 /// UTF-16.
 struct IfcProperty {
-    std::u16string initialName;  // in the file, before a rename
+    std::u16string initialName;  // in the file, before a rename; of an added one its name
     std::u16string name;
     std::u16string value;
     std::int32_t valueType = kTextValue;  // PropertyValueType

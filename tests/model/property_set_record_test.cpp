@@ -120,12 +120,14 @@ TEST(EditProperty, KeepsTheStateAndWhatIsLeftEmpty) {
 
         IfcProperty expected = old;
         expected.name = u"B";
+        if (state == kPropertyAdded)
+            expected.initialName = u"B";  // the file knows no other
         ASSERT_TRUE(set.EditProperty(rename(u"A", u"B")));
         EXPECT_EQ(set.state, 2);
         EXPECT_EQ(set.properties.size(), 1u);
         EXPECT_EQ(set.properties.at(u"B"), expected);
 
-        IfcProperty inGrams = rename(u"A", u"B");
+        IfcProperty inGrams = rename(u"B", u"B");
         inGrams.unit = u"GRAM";
         ASSERT_TRUE(set.EditProperty(inGrams));
         EXPECT_EQ(set.properties.at(u"B").prefix, u"") << "kilo would falsify the new unit";
