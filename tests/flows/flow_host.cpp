@@ -9,8 +9,17 @@
 #include "platform/text.h"
 
 void layOutPlugin(const TempFolder& folder) {
-    std::filesystem::copy(QUILLET_PLUGINS_FOLDER, folder / u"plugins",
-                          std::filesystem::copy_options::recursive);
+    using std::filesystem::copy_options;
+    const std::filesystem::path target = folder / u"plugins";
+    std::error_code failed;  // where the folders lie on different disks
+    std::filesystem::copy(QUILLET_PLUGINS_FOLDER, target,
+                          copy_options::recursive | copy_options::create_hard_links, failed);
+    if (failed)
+        std::filesystem::copy(QUILLET_PLUGINS_FOLDER, target,
+                              copy_options::recursive | copy_options::overwrite_existing);
+    // What the plug-in writes may lie there from a run by hand.
+    for (const char16_t* file : {u"quillet/config.txt", u"quillet/LastPath.txt"})
+        std::filesystem::remove(target / file);
 }
 
 FlowHost::FlowHost(const std::u16string& language, bool usesGeometryCache)
