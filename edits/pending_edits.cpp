@@ -202,7 +202,7 @@ std::shared_ptr<IfcPropertySet> PendingEdits::addPropertySet(const EditTarget& t
              {&object->newSets, &object->editedSets, &object->deletedSets})
             if (findSet(*records, byGuid) != records->end())
                 return nullptr;
-    const auto added = std::make_shared<IfcPropertySet>(set);
+    auto added = std::make_shared<IfcPropertySet>(set);
     for (auto& [name, property] : added->properties)
         property.state = kPropertyAdded;
     added->state = kSetAdded;

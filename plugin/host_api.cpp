@@ -5,7 +5,7 @@
 HostApi resolveHostApi(const FunctionLookup& lookup) {
     HostApi api;
 #define QUILLET_LOOK_UP(name, result, arguments) \
-    api.name = reinterpret_cast<result(*) arguments>(lookup(#name));
+    api.name = reinterpret_cast<decltype(api.name)>(lookup(#name));
     QUILLET_HOST_FUNCTIONS(QUILLET_LOOK_UP)
 #undef QUILLET_LOOK_UP
     return api;

@@ -116,7 +116,7 @@ void Dialogs::updateProgress(std::int32_t overallPercent, std::u16string overall
                       .currentPercent = currentPercent});
 }
 
-std::optional<WindowFields> Dialogs::window(std::string name, WindowFields fields) {
+std::optional<WindowFields> Dialogs::window(const std::string& name, WindowFields fields) {
     Shown window{.kind = Shown::Kind::Window,
                  .caption = platform::fromUtf8(name),
                  .isUnexpected = true,

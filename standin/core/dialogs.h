@@ -72,7 +72,7 @@ public:
     void showProgress(bool show, std::u16string caption);
     void updateProgress(std::int32_t overallPercent, std::u16string overallLabel,
                         std::int32_t currentPercent, std::u16string currentLabel);
-    std::optional<WindowFields> window(std::string name, WindowFields shown);
+    std::optional<WindowFields> window(const std::string& name, WindowFields fields);
 
 private:
     std::vector<Shown> shown_;

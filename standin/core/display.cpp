@@ -270,7 +270,7 @@ private:
 bool Display::apply(const HostPropertyRequest& request, const HostProperty* records,
                     HostChangeId change, std::vector<std::string>& violations) {
     if (request.propertyCount < 0 || (request.propertyCount > 0 && !records)) {
-        violations.push_back("a request counts records that it does not hand over");
+        violations.emplace_back("a request counts records that it does not hand over");
         return false;
     }
     const std::span<const HostProperty> handedOver(records,

@@ -8,6 +8,7 @@
 
 #include "standin/core/display_cache.h"
 
+#include <map>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -151,15 +152,17 @@ bool readDisplays(std::string_view bytes, Objects& objects) {
     } catch (const std::out_of_range&) {
         return false;
     }
-    for (KeptDisplay& display : kept)
-        for (const LoadedFile& file : objects.files())
-            for (const auto& object : file.objects)
-                if (file.entryName == display.entryName &&
-                    object->instanceNumber == display.instanceNumber &&
-                    object->guid == display.guid) {
-                    object->display.sets = std::move(display.sets);
-                    object->display.markChanged();
-                }
+    std::map<std::pair<std::u16string_view, std::int32_t>, Object*> places;
+    for (const LoadedFile& file : objects.files())
+        for (const auto& object : file.objects)
+            places[{file.entryName, object->instanceNumber}] = object.get();
+    for (KeptDisplay& display : kept) {
+        const auto place = places.find({display.entryName, display.instanceNumber});
+        if (place == places.end() || place->second->guid != display.guid)
+            continue;
+        place->second->display.sets = std::move(display.sets);
+        place->second->display.markChanged();
+    }
     return true;
 }
 

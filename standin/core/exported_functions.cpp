@@ -14,7 +14,6 @@
 #define QUILLET_EXPORTED __attribute__((visibility("default")))
 #endif
 
-using standin::Dialogs;
 using standin::Host;
 using standin::Object;
 using standin::Objects;

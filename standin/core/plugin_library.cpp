@@ -12,9 +12,10 @@ std::unique_ptr<PluginLibrary> PluginLibrary::load(const std::u16string& path, s
         return nullptr;
     }
     const char* missing = nullptr;
-#define QUILLET_LOOK_UP(name, result, arguments)                                                   \
-    plugin->exports_.name = reinterpret_cast<result(*) arguments>(plugin->library_.symbol(#name)); \
-    if (!plugin->exports_.name)                                                                    \
+#define QUILLET_LOOK_UP(name, result, arguments)                                           \
+    plugin->exports_.name =                                                                \
+        reinterpret_cast<decltype(plugin->exports_.name)>(plugin->library_.symbol(#name)); \
+    if (!plugin->exports_.name)                                                            \
         missing = #name;
     QUILLET_PLUGIN_EXPORTS(QUILLET_LOOK_UP)
 #undef QUILLET_LOOK_UP
