@@ -182,7 +182,9 @@ DeletePropertyCommand::DeletePropertyCommand(EditSession& session, EditTarget ta
     : ObjectCommand(session, std::move(target)), property_(std::move(property)) {}
 
 bool DeletePropertyCommand::redo() {
-    if (!session().store.deleteProperty(target_, property_))
+    IfcProperty present = property_;
+    present.initialName = present.name;  // by which the store finds it
+    if (!session().store.deleteProperty(target_, std::move(present)))
         return false;
     sendProperty(kHostRemove, property_.name, rowOf(target_.setName, target_.setGuid, property_));
     session().host.invalidate();
