@@ -9,6 +9,7 @@
 #include "edits/command_texts.h"
 #include "edits/display_rows.h"
 #include "edits/edit_many_texts.h"
+#include "edits/property_check.h"
 #include "ifc/io/guid.h"
 
 namespace IFC {
@@ -225,7 +226,17 @@ private:
         if (after.name.empty())
             after.name = present;
         const IfcProperty before = propertyOf(*row);
+        if (after.valueType == kTextValue)  // what was entered is of the property's own type
+            after.valueType = before.valueType;
         after = filledFrom(before, std::move(after));
+        IfcProperty unchanged = before;
+        unchanged.initialName = after.initialName;
+        if (after == unchanged)
+            return;
+        if (after.value != before.value) {
+            if (const char* problem = problemOf(after))
+                return session_.reporter.report(problem, after.name);
+        }
         if (group_.run(
                 std::make_unique<EditPropertyCommand>(session_, targetOf(set), before, after)))
             *row = rowOf(set.name, set.guid, after);

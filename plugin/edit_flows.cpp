@@ -8,10 +8,11 @@
 #include "edits/command_texts.h"
 #include "edits/display_rows.h"
 #include "edits/edit_many.h"
+#include "edits/property_check.h"
+#include "edits/property_check_texts.h"
 #include "ifc/io/guid.h"
 #include "platform/message_box.h"
 #include "plugin/plugin_texts.h"
-#include "plugin/property_check.h"
 
 namespace {
 

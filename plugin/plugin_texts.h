@@ -93,14 +93,8 @@ inline constexpr const char* kSetNotEditableKey = "set_not_editable";
 inline constexpr const char* kPropertyNotEditableKey = "property_not_editable";
 inline constexpr const char* kSetNameMissingKey = "set_name_missing";
 inline constexpr const char* kSetNameTakenKey = "set_name_taken";
-inline constexpr const char* kPropertyNameMissingKey = "property_name_missing";
 inline constexpr const char* kPropertyNameTakenKey = "property_name_taken";
 inline constexpr const char* kValueMissingKey = "value_missing";
-inline constexpr const char* kValueNoNumberKey = "value_is_no_number";
-inline constexpr const char* kValueNoIntegerKey = "value_is_no_integer";
-inline constexpr const char* kValueNoTruthValueKey = "value_is_no_truth_value";
-inline constexpr const char* kUnknownQuantityTypeKey = "unknown_quantity_type";
-inline constexpr const char* kUnknownUnitKey = "unknown_unit";
 inline constexpr const char* kUnitMissingKey = "unit_missing";
 
 // Property window.

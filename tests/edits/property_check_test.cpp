@@ -1,4 +1,4 @@
-#include "plugin/property_check.h"
+#include "edits/property_check.h"
 
 #include <gtest/gtest.h>
 

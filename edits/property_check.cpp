@@ -1,4 +1,4 @@
-#include "plugin/property_check.h"
+#include "edits/property_check.h"
 
 #include <algorithm>
 #include <array>
@@ -7,9 +7,9 @@
 #include <exception>
 #include <optional>
 
+#include "edits/property_check_texts.h"
 #include "ifc/io/numbers.h"
 #include "ifc/model/units.h"
-#include "plugin/plugin_texts.h"
 
 namespace {
 
