@@ -178,21 +178,29 @@ private:
         const std::u16string value = anyValue();
         SeenObjects after = expected_;
         bool any = false;
+        bool isRefused = false;
         for (const standin::Object* object : objects) {
             for (auto& [setGuid, set] : after[object->guid]) {
-                if (set.name == setName && set.properties.contains(name) &&
-                    set.properties[name].value != value) {
-                    set.properties[name].value = value;
+                const auto property = set.properties.find(name);
+                if (set.name != setName || property == set.properties.end())
+                    continue;
+                const auto& rows = object->display.findSet(setGuid, {})->rows;
+                const auto row = std::find_if(rows.begin(), rows.end(),
+                                              [&](const auto& each) { return each.name == name; });
+                if (row->valueType != kHostText || row->kind == kHostQuantity) {
+                    isRefused = true;  // the value is a text
+                } else if (property->second.value != value) {
+                    property->second.value = value;
                     any = true;
                 }
             }
         }
-        record(
-            "edit many",
-            flow_.editMany(
-                objects,
-                {{"edit", u"edit-property"}, {"set", setName}, {"name", name}, {"value", value}}),
-            any, after);
+        const bool recorded = flow_.editMany(
+            objects,
+            {{"edit", u"edit-property"}, {"set", setName}, {"name", name}, {"value", value}});
+        if (isRefused)
+            flow_.host().dialogs().forgetShown();
+        record("edit many", recorded, any, after);
     }
 
     void undo() {
