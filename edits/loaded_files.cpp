@@ -74,15 +74,4 @@ std::u16string LoadedFiles::pathOf(HostObjectId file) const {
     return found ? found->path : std::u16string();
 }
 
-HostObjectId LoadedFiles::idOf(const PendingEdits& store, std::u16string_view path) const {
-    const File* found = findByKey(store, store.keyOf(path));
-    return found ? found->id : 0;
-}
-
-const LoadedFiles::File* LoadedFiles::fileOfObject(const HostCalls& host,
-                                                   HostObjectId object) const {
-    const auto info = host.objectInfo(object);
-    return info ? find(info->fileId) : nullptr;
-}
-
 }  // namespace IFC

@@ -33,10 +33,6 @@ public:
     const File* findByKey(const PendingEdits& store, std::u16string_view key) const;
     /// Empty for an unknown file.
     std::u16string pathOf(HostObjectId file) const;
-    /// 0 for a path that is not loaded.
-    HostObjectId idOf(const PendingEdits& store, std::u16string_view path) const;
-    /// The file that an object comes from, null when it comes from none.
-    const File* fileOfObject(const HostCalls& host, HostObjectId object) const;
 
     /// Tells `store` which names are shared: one that was restored may come from before.
     void keepNamesakesApart(PendingEdits& store) const;

@@ -136,11 +136,6 @@ std::vector<HostObjectId> HostCalls::children(HostObjectId parent) const {
     });
 }
 
-std::int32_t HostCalls::objectState(HostObjectId object) const {
-    const auto function = QUILLET_FUNCTION(get_object_state);
-    return function ? function(handle_, object) : 0;
-}
-
 std::optional<ObjectInfo> HostCalls::objectInfo(HostObjectId object) const {
     HostObjectInfo info{};
     if (const auto function = QUILLET_FUNCTION(get_object_info))
@@ -171,11 +166,6 @@ std::vector<DisplayedProperty> HostCalls::properties(HostObjectId object) const 
     return rows;
 }
 
-HostObjectId HostCalls::project() const {
-    const auto function = QUILLET_FUNCTION(get_project);
-    return function ? function(handle_) : 0;
-}
-
 std::u16string HostCalls::projectPath(HostObjectId file) const {
     const auto function = QUILLET_FUNCTION(get_project_path);
     return function ? textOf(function(handle_, file)) : std::u16string();
@@ -201,11 +191,6 @@ HostObjectId HostCalls::objectByGuid(std::u16string_view guid) const {
     for (const char16_t unit : guid)
         narrow.push_back(static_cast<char>(unit));
     return function(handle_, narrow.c_str());
-}
-
-void HostCalls::select(HostObjectId object) const {
-    if (const auto function = QUILLET_FUNCTION(select))
-        function(handle_, object);
 }
 
 HostChangeId HostCalls::changeProperty(const DisplayRequest& request,

@@ -79,20 +79,17 @@ public:
     std::int32_t selectedCount() const;
     std::vector<HostObjectId> selected() const;
     std::vector<HostObjectId> children(HostObjectId parent) const;
-    std::int32_t objectState(HostObjectId object) const;
     /// By get_object_info, else by get_object_info2.
     std::optional<ObjectInfo> objectInfo(HostObjectId object) const;
     /// By get_object_info2, else by get_object_info.
     std::optional<ObjectInfo> objectInfo2(HostObjectId object) const;
     std::vector<DisplayedProperty> properties(HostObjectId object) const;
-    HostObjectId project() const;
     /// Empty when the host has none.
     std::u16string projectPath(HostObjectId file) const;
     std::u16string loadedIfcPath() const;
     std::int32_t loadedIfcFilesCount() const;
     /// guid: 22 ASCII characters; another text is no object's.
     HostObjectId objectByGuid(std::u16string_view guid) const;
-    void select(HostObjectId object) const;
 
     // Edits and the project file.
     HostChangeId changeProperty(const DisplayRequest& request,

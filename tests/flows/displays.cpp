@@ -15,6 +15,16 @@ std::string described(const SeenSet& set) {
     return text;
 }
 
+std::string described(const SeenObjects& objects) {
+    std::string text;
+    for (const auto& [guid, sets] : objects) {
+        text += platform::toUtf8(guid) + "\n";
+        for (const auto& [setGuid, set] : sets)
+            text += "  " + platform::toUtf8(setGuid) + described(set);
+    }
+    return text;
+}
+
 }  // namespace
 
 SeenSets seenSetsOf(const standin::Object& object) {
@@ -47,16 +57,6 @@ std::map<std::u16string, std::vector<SeenSet>> withoutGuids(const SeenObjects& o
         std::sort(kept.begin(), kept.end());
     }
     return result;
-}
-
-std::string described(const SeenObjects& objects) {
-    std::string text;
-    for (const auto& [guid, sets] : objects) {
-        text += platform::toUtf8(guid) + "\n";
-        for (const auto& [setGuid, set] : sets)
-            text += "  " + platform::toUtf8(setGuid) + described(set);
-    }
-    return text;
 }
 
 std::string difference(const SeenObjects& expected, const SeenObjects& found) {

@@ -39,7 +39,5 @@ bool isEditable(const standin::Object& object);
 /// out, and gives a set that was shared a GUID of its own.
 std::map<std::u16string, std::vector<SeenSet>> withoutGuids(const SeenObjects& objects);
 
-/// For messages.
-std::string described(const SeenObjects& objects);
 /// The first object that differs, both sides; empty when there is none.
 std::string difference(const SeenObjects& expected, const SeenObjects& found);
