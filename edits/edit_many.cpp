@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "edits/command_texts.h"
@@ -19,6 +21,12 @@ namespace {
 struct Step {
     const ManyEdit* edit = nullptr;
     std::vector<IfcProperty> newProperties;  // of AddSet and AddProperty
+};
+
+/// A step at one object.
+struct StepAt {
+    const Step* step = nullptr;
+    std::vector<std::u16string_view> setGuids;  // the only sets that are meant; empty for all
 };
 
 std::vector<Step> stepsOf(const ManyEdits& edits) {
@@ -43,6 +51,45 @@ std::vector<Step> stepsOf(const ManyEdits& edits) {
     }
     return steps;
 }
+
+/// The steps by the objects that they concern, found without going over all places for each object.
+class StepsOfObjects {
+public:
+    explicit StepsOfObjects(const std::vector<Step>& steps) : steps_(steps) {
+        for (std::size_t at = 0; at < steps.size(); ++at)
+            for (const ManyEditPlace& place : steps[at].edit->places)
+                places_[place.object].emplace_back(at, place.setGuid);
+    }
+
+    /// In their order.
+    std::vector<StepAt> of(HostObjectId object) const {
+        std::vector<StepAt> found;
+        const auto places = places_.find(object);
+        // Places were entered step by step, so that one walk over both lists meets them all.
+        std::size_t next = 0;
+        const std::size_t count = places == places_.end() ? 0 : places->second.size();
+        for (std::size_t at = 0; at < steps_.size(); ++at) {
+            StepAt step{.step = &steps_[at], .setGuids = {}};
+            bool isMeant = steps_[at].edit->places.empty();
+            bool isWholeObject = false;
+            for (; next < count && places->second[next].first == at; ++next) {
+                isMeant = true;
+                isWholeObject |= places->second[next].second.empty();
+                step.setGuids.push_back(places->second[next].second);
+            }
+            if (isWholeObject)
+                step.setGuids.clear();
+            if (isMeant)
+                found.push_back(std::move(step));
+        }
+        return found;
+    }
+
+private:
+    const std::vector<Step>& steps_;
+    std::unordered_map<HostObjectId, std::vector<std::pair<std::size_t, std::u16string_view>>>
+        places_;
+};
 
 /// What the object shows of one set. Kept up to date here, so that the host need not be asked again
 /// after each change.
@@ -87,14 +134,14 @@ public:
         }
     }
 
-    void apply(const Step& step) {
+    void apply(const StepAt& at) {
         using Kind = ManyEdit::Kind;
-        const ManyEdit& edit = *step.edit;
+        const ManyEdit& edit = *at.step->edit;
         if (edit.kind == Kind::AddSet)
-            return addSet(edit.setName, step.newProperties);
-        const std::vector<std::size_t> sets = editableSets(edit.setName);
+            return addSet(edit.setName, at.step->newProperties);
+        const std::vector<std::size_t> sets = editableSets(edit.setName, at.setGuids);
         if (edit.kind == Kind::AddProperty)
-            return addAlone(sets, step.newProperties.front());
+            return addAlone(sets, at.step->newProperties.front());
         // From the last to the first, because a deleted set leaves the list.
         for (auto set = sets.rbegin(); set != sets.rend(); ++set) {
             switch (edit.kind) {
@@ -128,11 +175,16 @@ private:
                            [&](const ShownSet& set) { return set.name == name; });
     }
 
-    /// The places of the sets of that name; those that take no edits are reported.
-    std::vector<std::size_t> editableSets(const std::u16string& name) {
+    /// The places of the sets of that name, of one of the GUIDs if there are any; those that take
+    /// no edits are reported.
+    std::vector<std::size_t> editableSets(const std::u16string& name,
+                                          const std::vector<std::u16string_view>& guids = {}) {
         std::vector<std::size_t> places;
         for (std::size_t place = 0; place < sets_.size(); ++place) {
             if (sets_[place].name != name)
+                continue;
+            if (!guids.empty() &&
+                std::find(guids.begin(), guids.end(), sets_[place].guid) == guids.end())
                 continue;
             if (sets_[place].isEditable())
                 places.push_back(place);
@@ -283,7 +335,7 @@ private:
 
 std::unique_ptr<CommandGroup> applyToMany(EditSession& session,
                                           const std::vector<HostObjectId>& objects,
-                                          const ManyEdits& edits) {
+                                          const ManyEdits& edits, const ObjectProgress& progress) {
     const ErrorReporter::Collecting collecting(session.reporter);
     std::u16string displayText = session.host.text(texts::kEditManyUndoKey);
     if (displayText.empty())
@@ -293,7 +345,14 @@ std::unique_ptr<CommandGroup> applyToMany(EditSession& session,
     operation->addingPolicy = edits.addingPolicy;
     operation->question = session.host.text(texts::kReplaceQuestionKey);
     const std::vector<Step> steps = stepsOf(edits);
+    const StepsOfObjects stepsOfObjects(steps);
+    std::size_t done = 0;
     for (const HostObjectId id : objects) {
+        if (progress)
+            progress(done++, objects.size());
+        const std::vector<StepAt> stepsHere = stepsOfObjects.of(id);
+        if (stepsHere.empty())
+            continue;
         auto object = session.host.objectInfo2(id);
         const std::u16string path =
             object ? session.files.pathOf(object->fileId) : std::u16string();
@@ -304,7 +363,7 @@ std::unique_ptr<CommandGroup> applyToMany(EditSession& session,
         }
         object->id = id;
         ObjectChanges changes(session, *group, *object, path, edits.addingPolicy, operation);
-        for (const Step& step : steps)
+        for (const StepAt& step : stepsHere)
             changes.apply(step);
     }
     return group->empty() ? nullptr : std::move(group);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -49,6 +51,12 @@ struct PropertyWindowResult {
                            ///< modes that ask for a set's name only
 };
 
+/// Where a change is made.
+struct ManyEditPlace {
+    std::uint64_t object = 0;  ///< host object id
+    std::u16string setGuid;    ///< empty for every set of the name that the object has
+};
+
 /// One change that the user made for many objects at once.
 struct ManyEdit {
     enum class Kind { AddSet, AddProperty, EditProperty, DeleteProperty, RenameSet, DeleteSet };
@@ -57,6 +65,8 @@ struct ManyEdit {
     std::u16string setName;
     std::u16string newSetName;  ///< of RenameSet
     IfcProperty property;       ///< initialName is the present name where `name` is a new one
+    /// Empty for all the selected objects.
+    std::vector<ManyEditPlace> places;
 };
 
 /// What was made in the edit-many window.
@@ -65,8 +75,14 @@ struct ManyEdits {
     std::int32_t addingPolicy = AddPropertyOperation::kPolicyNotSpecified;
 };
 
-/// The windows in which the user edits. Modal: each call returns when its window is closed, with
-/// nothing when it was cancelled.
+/// How far something is, in objects.
+using ObjectProgress = std::function<void(std::size_t done, std::size_t total)>;
+
+/// Makes what the user accepted in the edit-many window; returns when it is done. `progress` may be
+/// empty.
+using ApplyManyEdits = std::function<void(ManyEdits edits, const ObjectProgress& progress)>;
+
+/// The windows in which the user edits. Modal: each call returns when its window is closed.
 class EditingWindows {
 public:
     EditingWindows() = default;
@@ -74,9 +90,12 @@ public:
     EditingWindows& operator=(const EditingWindows&) = delete;
     virtual ~EditingWindows() = default;
 
+    /// Nothing when the window was cancelled.
     virtual std::optional<PropertyWindowResult> askProperty(const PropertyWindowInput& input) = 0;
-    /// objects: the selected ones, host object ids; at least one.
-    virtual std::optional<ManyEdits> editMany(const std::vector<std::uint64_t>& objects) = 0;
+    /// objects: the selected ones, host object ids; at least one. apply: called, while the window
+    /// is still there, when the user has accepted changes.
+    virtual void editMany(const std::vector<std::uint64_t>& objects,
+                          const ApplyManyEdits& apply) = 0;
 };
 
 }  // namespace IFC

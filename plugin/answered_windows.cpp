@@ -167,13 +167,14 @@ std::optional<IFC::PropertyWindowResult> AnsweredWindows::askProperty(
     return result;
 }
 
-std::optional<IFC::ManyEdits> AnsweredWindows::editMany(const std::vector<std::uint64_t>& objects) {
+void AnsweredWindows::editMany(const std::vector<std::uint64_t>& objects,
+                               const IFC::ApplyManyEdits& apply) {
     WindowFields shown;
     for (const std::uint64_t object : objects)
         shown.emplace_back("object", platform::fromUtf8(std::to_string(object)));
     const auto answer = host_.answerWindow("edit-many", shown);
     if (!answer)
-        return std::nullopt;
+        return;
     IFC::ManyEdits many;
     for (const auto& [key, value] : *answer) {
         bool isTaken = false;
@@ -184,10 +185,8 @@ std::optional<IFC::ManyEdits> AnsweredWindows::editMany(const std::vector<std::u
         } else if (!many.edits.empty()) {
             isTaken = takeField(key, value, many.edits.back());
         }
-        if (!isTaken) {
-            refuse(platform::fromUtf8(key) + u"=" + value);
-            return std::nullopt;
-        }
+        if (!isTaken)
+            return refuse(platform::fromUtf8(key) + u"=" + value);
     }
     for (IFC::ManyEdit& edit : many.edits) {
         IfcProperty& property = edit.property;
@@ -196,7 +195,7 @@ std::optional<IFC::ManyEdits> AnsweredWindows::editMany(const std::vector<std::u
         else
             std::swap(property.initialName, property.name);
     }
-    return many;
+    apply(std::move(many), {});
 }
 
 void AnsweredWindows::refuse(const std::u16string& what) const {

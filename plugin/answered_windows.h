@@ -34,7 +34,8 @@ public:
 
     std::optional<IFC::PropertyWindowResult> askProperty(
         const IFC::PropertyWindowInput& input) override;
-    std::optional<IFC::ManyEdits> editMany(const std::vector<std::uint64_t>& objects) override;
+    void editMany(const std::vector<std::uint64_t>& objects,
+                  const IFC::ApplyManyEdits& apply) override;
 
 private:
     void refuse(const std::u16string& what) const;

@@ -355,14 +355,17 @@ void EditFlows::editMany() {
         return tell(texts::kNoObjectSelectedKey);
     if (!windows_)
         return tell(texts::kWindowNotAvailableKey);
-    auto many = windows_->editMany(selected);
-    if (!many)
-        return;
-    std::erase_if(many->edits, [this](IFC::ManyEdit& edit) { return !isAcceptable(edit); });
-    if (many->edits.empty())
-        return;
+    windows_->editMany(selected, [&](IFC::ManyEdits edits, const IFC::ObjectProgress& progress) {
+        std::erase_if(edits.edits, [this](IFC::ManyEdit& edit) { return !isAcceptable(edit); });
+        if (!edits.edits.empty())
+            applyToMany(selected, edits, progress);
+    });
+}
+
+void EditFlows::applyToMany(const std::vector<HostObjectId>& objects, const IFC::ManyEdits& edits,
+                            const IFC::ObjectProgress& progress) {
     session_.files.refresh(session_.host, session_.store);
-    if (auto group = IFC::applyToMany(session_, selected, *many)) {
+    if (auto group = IFC::applyToMany(session_, objects, edits, progress)) {
         const std::u16string displayText = group->displayText();
         history_.record(std::move(group), displayText);
         changed();

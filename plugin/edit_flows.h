@@ -52,6 +52,8 @@ private:
     std::optional<IFC::PropertyWindowResult> ask(const IFC::PropertyWindowInput& input) const;
     bool isAcceptable(const IfcProperty& property) const;
     bool isAcceptable(IFC::ManyEdit& edit) const;
+    void applyToMany(const std::vector<HostObjectId>& objects, const IFC::ManyEdits& edits,
+                     const IFC::ObjectProgress& progress);
     void changeTo(const Chosen& chosen, const DisplayedProperty& row, IfcProperty entered);
     void run(std::unique_ptr<IFC::Command> command, const char* refusal);
     void changed();

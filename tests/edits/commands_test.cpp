@@ -292,6 +292,23 @@ TEST_F(ManyObjects, AreEditedWhereTheyHaveTheSetAndUndoneBackwards) {
     EXPECT_EQ(editLogText(session_.store), after);
 }
 
+TEST_F(ManyObjects, AreEditedAtTheirPlacesOnly) {
+    using Kind = ManyEdit::Kind;
+    host_.show(11, u"gA2", u"Pset", u"P");  // a second set of the name
+    host_.show(12, u"gB2", u"Pset", u"P");
+    const auto at = [](ManyEdit made, std::vector<ManyEditPlace> places) {
+        made.places = std::move(places);
+        return made;
+    };
+    const ManyEdits edits{
+        {at(edit(Kind::EditProperty, u"Pset", property(u"P", u"1")), {{11, u"gA2"}, {12, u"gB2"}}),
+         at(edit(Kind::EditProperty, u"Pset", property(u"P", u"2")), {{11, u"gA"}}),
+         at(edit(Kind::AddSet, u"New"), {{12, {}}}),
+         edit(Kind::DeleteProperty, u"Pset", property(u"Q", u""))}};
+    EXPECT_EQ(changesOf(edits), Texts({"4 #21/Pset/P [P=1]", "4 #21/Pset/P [P=2]",
+                                       "3 #21/Pset/Q [Q=v]", "4 #22/Pset/P [P=1]", "1 #22/New [=]"}));
+}
+
 TEST_F(ManyObjects, OfFilesThatAreNotLoadedAreReported) {
     AnsweredMessages boxes;
     EXPECT_EQ(applyToMany(session_, {13}, {{edit(ManyEdit::Kind::AddSet, u"S")}}), nullptr);

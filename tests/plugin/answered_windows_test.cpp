@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "tests/plugin/fake_host.h"
 
 namespace {
 
+using IFC::ApplyManyEdits;
 using IFC::ManyEdit;
+using IFC::ManyEdits;
 using platform::MessageAnswer;
 using platform::MessageButtons;
 
@@ -44,7 +48,8 @@ TEST_F(AnsweredWindowsTest, GiveTheEditsOfManyObjectsInTheirOrder) {
                              {"set", u"Pset_A"},
                              {"new-set", u"Pset_B"}});
     AnsweredWindows windows(calls());
-    const auto many = windows.editMany({11, 12});
+    std::optional<ManyEdits> many;
+    windows.editMany({11, 12}, [&](ManyEdits edits, const auto&) { many = std::move(edits); });
     ASSERT_TRUE(many);
     EXPECT_EQ(host.windows, std::vector<std::string>{"edit-many object=11 object=12"});
     EXPECT_EQ(many->addingPolicy, 2);
@@ -71,16 +76,17 @@ TEST_F(AnsweredWindowsTest, TakeNoAnswerThatTheyDoNotUnderstand) {
                                      {{"set", u"Pset_A"}},  // of no edit
                                      {{"edit", u"add-property"}, {"valeu", u"1"}},
                                      {{"edit", u"add-property"}, {"value-type", u"2"}}};
+    const ApplyManyEdits refuse = [](const ManyEdits&, const auto&) { ADD_FAILURE(); };
     AnsweredWindows windows(calls());
     for (const WindowFields& answer : kAnswers) {
         host.answer(answer);
         host.messages.clear();
-        EXPECT_FALSE(windows.editMany({11}));
+        windows.editMany({11}, refuse);
         EXPECT_EQ(host.messages.size(), 1u) << answer.back().first;
     }
     host.answer(std::nullopt);
     host.messages.clear();
-    EXPECT_FALSE(windows.editMany({11}));
+    windows.editMany({11}, refuse);
     EXPECT_TRUE(host.messages.empty());
 }
 
