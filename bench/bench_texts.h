@@ -26,6 +26,8 @@ inline constexpr std::string_view kBenchUsage =
     "  edit MODEL TARGET    read, change a text in a property set that several objects share, "
     "write\n";
 inline constexpr std::string_view kEditsBenchUsage = "usage: edits-bench OBJECTS\n";
+inline constexpr std::string_view kWindowsBenchUsage =
+    "usage: windows-bench PLUGIN_FOLDER OBJECTS DISTINCT_VALUES\n";
 inline constexpr std::string_view kBenchFailed = "quillet-bench: ";
 inline constexpr std::string_view kCannotRead = "the file cannot be read";
 inline constexpr std::string_view kNoSharedText =

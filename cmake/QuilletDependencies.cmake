@@ -24,3 +24,12 @@ mark_as_advanced(UTF8CPP_INCLUDE_DIR MINIZIP_INCLUDE_DIR MINIZIP_LIBRARY)
 set(QUILLET_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Sources of GoogleTest")
 set(INSTALL_GTEST OFF)
 add_subdirectory("${QUILLET_GOOGLETEST_DIR}" googletest EXCLUDE_FROM_ALL SYSTEM)
+
+# Qt 5 for the windows: Qt5::Widgets, Qt5::UiTools and, for tests, Qt5::Test. Cross-builds go without
+# when there is none for their target; the plug-in then has no windows to edit in.
+if(CMAKE_CROSSCOMPILING)
+    find_package(Qt5 COMPONENTS Widgets UiTools Test QUIET)
+else()
+    find_package(Qt5 COMPONENTS Widgets UiTools Test REQUIRED)
+endif()
+set(QUILLET_HAS_QT ${Qt5_FOUND})

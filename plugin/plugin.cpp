@@ -58,7 +58,7 @@ void Plugin::useDataFolderOfHost() { setDataFolder(paths::dataFolderOfHost(hostP
 void Plugin::pluginLoaded(std::uint16_t, std::uintptr_t) {
     useDataFolderOfHost();  // a host need not have asked for the information record
     windows_.reset();       // gives back what it replaced before its successor replaces it
-    windows_ = makeEditingWindows(host());
+    windows_ = makeEditingWindows(host(), moduleFolder());
     loadLanguage();
     readOptions(optionsPath(), options_);
     progressTexts_ = {.overall = host().text(texts::kOverallProgressKey),

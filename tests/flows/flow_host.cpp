@@ -22,8 +22,8 @@ void layOutPlugin(const TempFolder& folder) {
         std::filesystem::remove(target / file);
 }
 
-FlowHost::FlowHost(const std::u16string& language, bool usesGeometryCache)
-    : language_(language), usesGeometryCache_(usesGeometryCache) {
+FlowHost::FlowHost(const std::u16string& language, bool usesGeometryCache, Windows windows)
+    : language_(language), usesGeometryCache_(usesGeometryCache), windows_(windows) {
     layOutPlugin(folder_);
     restart();
 }
@@ -36,9 +36,20 @@ void FlowHost::restart() {
         standin::Host::Options{.programFolder = folder_ / u"",
                                .language = language_,
                                .usesGeometryCache = usesGeometryCache_});
+    if (windows_ == Windows::Real)
+        host().faults().lack("answer_window");
 }
 
-bool FlowHost::start(const std::vector<std::u16string>& paths) {
+bool FlowHost::start(const std::vector<std::u16string>& sources) {
+    std::vector<std::u16string> paths;
+    for (const std::u16string& source : sources) {
+        paths.push_back(source);
+        if (source.starts_with(folder_ / u""))
+            continue;
+        paths.back() = folder_ / std::filesystem::path(source).filename().u16string();
+        if (!std::filesystem::exists(paths.back()))
+            std::filesystem::copy_file(source, paths.back());
+    }
     if (!host().isPluginLoaded() && !host().loadPlugin()) {
         ADD_FAILURE() << host().error();
         return false;

@@ -21,14 +21,20 @@ struct Entered {
 /// of it.
 class FlowHost {
 public:
-    explicit FlowHost(const std::u16string& language = u"en", bool usesGeometryCache = false);
+    /// Who answers the plug-in's windows: the host, with prepared answers, or whoever drives the
+    /// real ones.
+    enum class Windows { Answered, Real };
+
+    explicit FlowHost(const std::u16string& language = u"en", bool usesGeometryCache = false,
+                      Windows windows = Windows::Answered);
     ~FlowHost();
 
     standin::Host& host() { return *host_; }
     const TempFolder& folder() const { return folder_; }
 
-    /// Loads the plug-in and opens the files; fails the test when that does not succeed.
-    bool start(const std::vector<std::u16string>& paths);
+    /// Loads the plug-in and opens the files, which are copied into the folder if they lie
+    /// elsewhere, because logs appear beside them; fails the test when that does not succeed.
+    bool start(const std::vector<std::u16string>& sources);
     /// Ends everything and begins anew with the same program folder.
     void restart();
     bool reopen(const std::vector<std::u16string>& paths) { return host().open(paths); }
@@ -90,6 +96,7 @@ private:
     TempFolder folder_;
     std::u16string language_;
     bool usesGeometryCache_;
+    Windows windows_;
     std::unique_ptr<standin::Host> host_;
 };
 

@@ -33,6 +33,7 @@ no_object_selected_message=No hay ningún objeto seleccionado.
 fail_to_open_last_created_file_message=No se pudo abrir el último archivo exportado.
 property_already_exists_update=Ya existe una propiedad con este nombre. ¿Desea reemplazarla?
 window_not_available=La ventana de edición no está disponible en este sistema.
+no_screen=No hay ninguna pantalla en la que mostrar ventanas. Inicie el programa en una sesión gráfica.
 UnableToAddProperty=No se puede añadir la propiedad.
 UnableToEditProperty=No se puede cambiar la propiedad.
 UnableToDeleteProperty=No se puede eliminar la propiedad.
@@ -52,7 +53,8 @@ value_is_no_number=El valor debe ser un número, con un punto delante de los dec
 value_is_no_integer=El valor debe ser un número entero.
 value_is_no_truth_value=El valor debe ser sí o no.
 unknown_quantity_type=Elija un tipo de cantidad.
-unknown_unit=La unidad no pertenece al SI.
+unknown_unit=La unidad no pertenece al SI. Elija una de la lista.
+unit_not_of_quantity=Esta unidad no mide una cantidad de ese tipo. Elija metros cuadrados para áreas, metros para longitudes, metros cúbicos para volúmenes, gramos para pesos, segundos para tiempos, con cualquier prefijo, y ninguna para recuentos.
 unit_missing=Elija una unidad. Para quitar una unidad, elimine la propiedad y añádala de nuevo.
 
 # Property window
@@ -62,6 +64,8 @@ setLabel=Conjunto de propiedades
 propertySetNameMessage=Nombre del conjunto de propiedades
 propertyNameMessage=Nombre de la propiedad
 propertyData=Datos de la propiedad
+valueLabel=Valor
+unitLabel=Unidad
 quantityTypeLabel=Tipo de cantidad
 yes=Sí
 no=No

@@ -33,6 +33,7 @@ no_object_selected_message=Nie zaznaczono żadnego obiektu.
 fail_to_open_last_created_file_message=Nie można otworzyć ostatnio wyeksportowanego pliku.
 property_already_exists_update=Właściwość o tej nazwie już istnieje. Czy ją zastąpić?
 window_not_available=Okno edycji nie jest dostępne w tym systemie.
+no_screen=Nie ma ekranu, na którym można pokazać okna. Uruchom program w sesji graficznej.
 UnableToAddProperty=Nie można dodać właściwości.
 UnableToEditProperty=Nie można zmienić właściwości.
 UnableToDeleteProperty=Nie można usunąć właściwości.
@@ -52,7 +53,8 @@ value_is_no_number=Wartość musi być liczbą z kropką przed częścią dziesi
 value_is_no_integer=Wartość musi być liczbą całkowitą.
 value_is_no_truth_value=Wartością musi być tak lub nie.
 unknown_quantity_type=Wybierz rodzaj ilości.
-unknown_unit=Jednostka nie należy do układu SI.
+unknown_unit=Jednostka nie należy do układu SI. Wybierz jednostkę z listy.
+unit_not_of_quantity=Ta jednostka nie mierzy takiej ilości. Wybierz metry kwadratowe dla powierzchni, metry dla długości, metry sześcienne dla objętości, gramy dla masy, sekundy dla czasu, z dowolnym przedrostkiem, a dla liczby sztuk żadnej.
 unit_missing=Wybierz jednostkę. Aby usunąć jednostkę, usuń właściwość i dodaj ją ponownie.
 
 # Property window
@@ -62,6 +64,8 @@ setLabel=Zestaw właściwości
 propertySetNameMessage=Nazwa zestawu właściwości
 propertyNameMessage=Nazwa właściwości
 propertyData=Dane właściwości
+valueLabel=Wartość
+unitLabel=Jednostka
 quantityTypeLabel=Rodzaj ilości
 yes=Tak
 no=Nie

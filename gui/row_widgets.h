@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QBoxLayout>
+#include <QIcon>
+#include <QString>
+#include <QWidget>
+
+class QCheckBox;
+class QComboBox;
+class QPushButton;
+class QToolButton;
+
+/// What the rows of the edit-many window build themselves from.
+namespace row_widgets {
+
+/// A button as wide as its icon that shows or hides what is below it.
+QToolButton* makeExpandButton(const char* objectName);
+void showExpanded(QToolButton& button, bool isExpanded);
+
+QPushButton* makeButton(const char* objectName, const QString& caption);
+
+void addSpacer(QBoxLayout& layout, int width);
+
+/// All, some or none of the rows below are checked; says nothing to those connected.
+void showChecked(QCheckBox& box, std::size_t checked, std::size_t total);
+
+/// For a tool tip: markup in `text` is shown, lines are kept, what is very long is cut.
+QString toolTip(const QString& text);
+
+/// Hides `widget`, deletes it later, because the call may come from its own signal, and forgets it
+/// at once, so that the row may be built again before that.
+template <class Widget>
+void retire(const QObject* row, Widget*& widget) {
+    if (!widget)
+        return;
+    widget->disconnect(row);
+    widget->hide();
+    widget->deleteLater();
+    widget = nullptr;
+}
+
+/// While it lives, the layout of `parent` does nothing. Without it every widget that is shown lays
+/// out all that were shown before.
+class LayoutPause {
+public:
+    /// parent: null for nothing to pause.
+    explicit LayoutPause(QWidget* parent);
+    ~LayoutPause();
+    LayoutPause(const LayoutPause&) = delete;
+    LayoutPause& operator=(const LayoutPause&) = delete;
+
+private:
+    QLayout* layout_ = nullptr;  // to be started again
+};
+
+/// Puts widgets behind one another for the Tab key.
+class TabChain {
+public:
+    /// after: the widget in front of the first; null for none.
+    explicit TabChain(QWidget* after) : last_(after) {}
+    void add(QWidget* widget);
+
+private:
+    QWidget* last_;
+};
+
+}  // namespace row_widgets

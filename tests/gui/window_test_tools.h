@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "gui/text_lookup.h"
+
+/// The texts of a language file of the product: "de".
+TextLookup textsOfLanguage(const std::string& language);
+
+/// While it lives, lets `answer` see and close every message box that is opened; a box that it
+/// leaves open is closed as with Escape.
+class MessageAnswerer {
+public:
+    explicit MessageAnswerer(std::function<void(QMessageBox&)> answer);
+
+    int count() const { return count_; }
+
+private:
+    QTimer timer_;
+    int count_ = 0;
+};

@@ -1,0 +1,226 @@
+// A user who presses, types, scrolls and closes anything: nothing may crash or hang, and whenever
+// no window is open, the display and the edit log say the same. QUILLET_CLICKER_SECONDS (for each
+// kind of window) and QUILLET_CLICKER_SEED make it a longer or another one.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QAbstractSlider>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+#include "platform/text.h"
+#include "tests/flows/flow_host.h"
+#include "tests/flows/log_view.h"
+#include "tests/windows/pilot.h"
+
+namespace {
+
+constexpr unsigned kHangSeconds = 120;
+
+unsigned numberFrom(const char* variable, unsigned otherwise) {
+    const char* text = std::getenv(variable);
+    return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
+}
+
+const QString kTexts[] = {
+    QStringLiteral("blue"),
+    QStringLiteral("12.5"),
+    QStringLiteral("-1e400"),
+    QStringLiteral("<b>bold</b> & \"quoted\" 'text'"),
+    QString::fromUtf8("\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D \xF0\x9F\x8F\xA0 \xE2\x80\xAE"),
+    QStringLiteral("two\nlines\tand a tab"),
+    QString(10'000, QLatin1Char('x')),
+    QString(),
+};
+
+constexpr Qt::Key kKeys[] = {Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Escape,
+                             Qt::Key_Space,     Qt::Key_Up,      Qt::Key_Down,   Qt::Key_PageDown,
+                             Qt::Key_Backspace, Qt::Key_Delete,  Qt::Key_Home,   Qt::Key_End};
+
+/// Does something at random in the uppermost window, whenever the events are done.
+class Clicker {
+public:
+    explicit Clicker(unsigned seed) : random_(seed) { schedule(); }
+    ~Clicker() { alarm(0); }
+    Clicker(const Clicker&) = delete;
+    Clicker& operator=(const Clicker&) = delete;
+
+    std::size_t turns() const { return turns_; }
+    std::mt19937& random() { return random_; }
+    /// From then on what is open is closed.
+    void hurryIn(int ms) {
+        QTimer::singleShot(ms, &context_, [this] { isHurried_ = true; });
+    }
+
+private:
+    void schedule() {
+        alarm(kHangSeconds);  // ends the process when no turn comes
+        QTimer::singleShot(0, &context_, [this] { turn(); });
+    }
+
+    void turn() {
+        schedule();
+        QPointer<QWidget> window = uppermostWindow();
+        if (!window)
+            return;
+        ++turns_;
+        const auto kind = static_cast<unsigned>(random_() % 1000);
+        if (kind < 4 || (isHurried_ && kind < 500)) {
+            QCloseEvent close;
+            QApplication::sendEvent(window, &close);
+            return;
+        }
+        if (isHurried_ && kind < 800) {
+            QTest::keyClick(window, kind < 650 ? Qt::Key_Y : Qt::Key_Return,
+                            kind < 650 ? Qt::AltModifier : Qt::NoModifier);
+            return;
+        }
+        if (kind < 10)
+            return window->resize(300 + static_cast<int>(random_() % 900),
+                                  200 + static_cast<int>(random_() % 700));
+        if (kind < 30) {
+            if (QWidget* const ok = findWidget(QStringLiteral("OkButton"), window))
+                QTest::mouseClick(ok, Qt::LeftButton);
+            return;
+        }
+        if (QWidget* const widget = anyWidget(*window))
+            actOn(*widget);
+    }
+
+    QWidget* anyWidget(const QWidget& window) {
+        QList<QWidget*> widgets = window.findChildren<QWidget*>();
+        widgets.erase(std::remove_if(widgets.begin(), widgets.end(),
+                                     [](const QWidget* widget) {
+                                         return !widget->isVisible() || !widget->isEnabled() ||
+                                                widget->visibleRegion().isEmpty();
+                                     }),
+                      widgets.end());
+        return widgets.isEmpty()
+                   ? nullptr
+                   : widgets[static_cast<int>(random_() % static_cast<unsigned>(widgets.size()))];
+    }
+
+    void actOn(QWidget& widget) {
+        const QPoint place(static_cast<int>(random_() % static_cast<unsigned>(widget.width())),
+                           static_cast<int>(random_() % static_cast<unsigned>(widget.height())));
+        if (auto* const slider = qobject_cast<QAbstractSlider*>(&widget))
+            if (slider->maximum() > slider->minimum())
+                return slider->setSliderPosition(
+                    slider->minimum() +
+                    static_cast<int>(random_() % static_cast<unsigned>(slider->maximum() -
+                                                                       slider->minimum() + 1)));
+        switch (random_() % 8) {
+            case 0:
+            case 1:
+            case 2: QTest::mouseClick(&widget, Qt::LeftButton, {}, place); break;
+            case 3: QTest::mouseDClick(&widget, Qt::LeftButton, {}, place); break;
+            case 4: {
+                QWheelEvent wheel(place, widget.mapToGlobal(place), {},
+                                  {0, random_() % 2 ? 120 : -120}, Qt::NoButton, Qt::NoModifier,
+                                  Qt::NoScrollPhase, false);
+                QApplication::sendEvent(&widget, &wheel);
+                break;
+            }
+            case 5:
+                QTest::keyClick(&widget, kKeys[random_() % std::size(kKeys)],
+                                random_() % 8 ? Qt::NoModifier : Qt::ControlModifier);
+                break;
+            default: {
+                QPointer<QWidget> field = &widget;
+                for (const QChar& character : kTexts[random_() % std::size(kTexts)].left(200))
+                    if (field)
+                        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, character,
+                                            Qt::NoModifier);
+            }
+        }
+    }
+
+    QObject context_;
+    std::mt19937 random_;
+    std::size_t turns_ = 0;
+    bool isHurried_ = false;
+};
+
+/// Opens a kind of window for objects chosen at random.
+struct Opening {
+    const char* name;
+    void (*open)(FlowHost& flow, std::mt19937& random);
+};
+
+const standin::Object& anyObject(FlowHost& flow, std::mt19937& random) {
+    const std::vector<const standin::Object*> objects = flow.editableObjects();
+    return *objects[random() % objects.size()];
+}
+
+void openEditMany(FlowHost& flow, std::mt19937& random) {
+    std::vector<HostObjectId> ids;
+    for (const standin::Object* object : flow.editableObjects())
+        ids.push_back(object->id);
+    std::shuffle(ids.begin(), ids.end(), random);
+    ids.resize(1 + random() % ids.size());
+    flow.host().select(std::move(ids));
+    flow.click(FlowHost::Item::EditMany);
+}
+
+void openAddSet(FlowHost& flow, std::mt19937& random) {
+    flow.host().select({anyObject(flow, random).id});
+    flow.click(FlowHost::Item::AddSet);
+}
+
+void openProperty(FlowHost& flow, std::mt19937& random) {
+    const standin::Object& object = anyObject(flow, random);
+    flow.host().select({object.id});
+    if (object.display.sets.empty())
+        return;
+    const standin::DisplayedSet& set = object.display.sets[random() % object.display.sets.size()];
+    static constexpr HostChangeAction kActions[] = {kHostAskEditProperty, kHostAskEditProperty,
+                                                    kHostAskAddProperty, kHostAskRenameSet};
+    const std::u16string property =
+        set.rows.empty() ? std::u16string() : set.rows[random() % set.rows.size()].name;
+    flow.host().requestChange(kActions[random() % std::size(kActions)], set.name, set.guid,
+                              property, random() % 2 == 0);
+}
+
+const Opening kOpenings[] = {
+    {"EditMany", openEditMany}, {"AddSet", openAddSet}, {"Property", openProperty}};
+
+class RandomClicker : public testing::TestWithParam<Opening> {};
+
+TEST_P(RandomClicker, KeepsDisplayAndLogInStep) {
+    const unsigned seconds = numberFrom("QUILLET_CLICKER_SECONDS", 3);
+    const unsigned seed = numberFrom("QUILLET_CLICKER_SEED", 1);
+    FlowHost flow(u"en", false, FlowHost::Windows::Real);
+    ASSERT_TRUE(flow.start({platform::fromUtf8(QUILLET_SOURCE_DIR "/samples/sample_house.ifc")}));
+    const SeenObjects model = flow.seen();
+    Clicker clicker(seed);
+    std::size_t openings = 0;
+    QElapsedTimer time;
+    time.start();
+    clicker.hurryIn(static_cast<int>(seconds) * 1000);
+    while (time.elapsed() < seconds * 1000LL) {
+        ++openings;
+        GetParam().open(flow, clicker.random());
+        ASSERT_EQ(difference(withLog(model, flow.savedLog()), flow.seen()), "")
+            << "seed " << seed << ", opening " << openings;
+        ASSERT_TRUE(flow.host().violations().empty()) << flow.host().violations().front();
+        flow.host().dialogs().forgetShown();  // the user was told of this and that
+        if (clicker.random()() % 4 == 0)
+            flow.host().undo();
+    }
+    std::printf("%zu openings, %zu turns, %zu entries of the undo list\n", openings,
+                clicker.turns(), flow.host().undoList().texts().size());
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, RandomClicker, testing::ValuesIn(kOpenings),
+                         [](const auto& each) { return each.param.name; });
+
+}  // namespace
