@@ -57,58 +57,81 @@ std::int32_t Dialogs::messageBox(std::u16string caption, std::u16string text, st
                   .flags = flags,
                   .answer = buttons.back()};
     // A message without a choice takes no answer away from the question behind it.
-    if (buttons.size() > 1) {
-        const bool fits =
-            !messageAnswers_.empty() &&
-            std::find(buttons.begin(), buttons.end(), messageAnswers_.front()) != buttons.end();
-        message.isUnexpected = !fits;
-        if (fits) {
-            message.answer = messageAnswers_.front();
-            messageAnswers_.pop_front();
-        }
+    const bool hasChoice = buttons.size() > 1;
+    const bool fits =
+        hasChoice && !messageAnswers_.empty() &&
+        std::find(buttons.begin(), buttons.end(), messageAnswers_.front()) != buttons.end();
+    message.isUnexpected = hasChoice && !fits && !user_;
+    if (fits) {
+        message.answer = messageAnswers_.front();
+        messageAnswers_.pop_front();
     }
-    shown_.push_back(std::move(message));
-    return shown_.back().answer;
+    const std::size_t place = shown_.size();
+    shown_.push_back(message);
+    if (!user_ || fits)
+        return message.answer;
+    // Other things may be shown until the user answers.
+    const std::int32_t answer = user_->messageBox(message.caption, message.text, flags);
+    if (place < shown_.size())
+        shown_[place].answer = answer;
+    return answer;
 }
 
 void Dialogs::setSaveDialogParams(std::optional<std::u16string> filterCaption,
                                   std::u16string defaultName,
                                   std::optional<std::u16string> extension) {
-    nextSaveDialog_.text = std::move(defaultName);
-    nextSaveDialog_.fields.clear();
-    if (filterCaption)
-        nextSaveDialog_.fields.emplace_back("filter", std::move(*filterCaption));
-    if (extension)
-        nextSaveDialog_.fields.emplace_back("extension", std::move(*extension));
+    nextSaveDialog_ = {.filterCaption = std::move(filterCaption),
+                       .defaultName = std::move(defaultName),
+                       .extension = std::move(extension)};
 }
 
 void Dialogs::setSaveDialogDefaultExtension(std::u16string extension) {
-    nextSaveDialog_.fields.emplace_back("defaultExtension", std::move(extension));
+    nextSaveDialog_.defaultExtension = std::move(extension);
 }
 
 bool Dialogs::saveDialog(bool severalFiles) {
-    Shown dialog = std::exchange(nextSaveDialog_, {});
-    dialog.kind = Shown::Kind::SaveDialog;
-    dialog.fields.emplace_back("severalFiles", severalFiles ? u"1" : u"0");
-    dialog.isUnexpected = saveAnswers_.empty();
-    saveDialogName_.clear();
-    if (!saveAnswers_.empty()) {
-        dialog.answer = saveAnswers_.front() ? 1 : 0;
-        saveDialogName_ = saveAnswers_.front().value_or(u"");
+    SaveDialogRequest request = std::exchange(nextSaveDialog_, {});
+    request.forSeveralFiles = severalFiles;
+    const bool isPrepared = !saveAnswers_.empty();
+    std::optional<std::u16string> name;
+    if (isPrepared) {
+        name = std::move(saveAnswers_.front());
         saveAnswers_.pop_front();
+    } else if (user_) {
+        name = user_->saveDialog(request);
     }
+    Shown dialog{.kind = Shown::Kind::SaveDialog,
+                 .text = request.defaultName,
+                 .answer = name ? 1 : 0,
+                 .isUnexpected = !isPrepared && !user_};
+    const auto tell = [&](const char* key, const std::optional<std::u16string>& value) {
+        if (value)
+            dialog.fields.emplace_back(key, *value);
+    };
+    tell("filter", request.filterCaption);
+    tell("extension", request.extension);
+    tell("defaultExtension", request.defaultExtension);
+    tell("severalFiles", severalFiles ? u"1" : u"0");
     shown_.push_back(std::move(dialog));
-    return shown_.back().answer == 1;
+    saveDialogName_ = name.value_or(u"");
+    return name.has_value();
 }
 
 void Dialogs::showProgress(bool show, std::u16string caption) {
     isProgressShown_ = show;
+    if (user_)
+        user_->showProgress(show, caption);
     shown_.push_back({.kind = show ? Shown::Kind::ProgressShown : Shown::Kind::ProgressHidden,
                       .caption = std::move(caption)});
 }
 
 void Dialogs::updateProgress(std::int32_t overallPercent, std::u16string overallLabel,
                              std::int32_t currentPercent, std::u16string currentLabel) {
+    if (user_) {
+        user_->updateProgress(overallPercent, overallLabel, currentPercent, currentLabel);
+        if (!shown_.empty() && shown_.back().kind == Shown::Kind::Progress)
+            shown_.pop_back();
+    }
     shown_.push_back({.kind = Shown::Kind::Progress,
                       .caption = std::move(overallLabel),
                       .text = std::move(currentLabel),

@@ -275,10 +275,22 @@ bool Display::apply(const HostPropertyRequest& request, const HostProperty* reco
     }
     const std::span<const HostProperty> handedOver(records,
                                                    static_cast<std::size_t>(request.propertyCount));
+    keepAsRead();
     if (!Application(*this, request, handedOver, change, violations).run())
         return false;
     isChanged_ = true;
     return true;
+}
+
+void Display::takeKept(std::vector<DisplayedSet> kept) {
+    keepAsRead();
+    sets = std::move(kept);
+    isChanged_ = true;
+}
+
+void Display::keepAsRead() {
+    if (!asRead_)
+        asRead_ = sets;
 }
 
 const DisplayedSet* Display::findSet(std::u16string_view guid, std::u16string_view name) const {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -59,7 +60,10 @@ public:
 
     /// Whether a change was made since the object was read from its file.
     bool isChanged() const { return isChanged_; }
-    void markChanged() { isChanged_ = true; }
+    /// Takes a display that was kept for the object instead of what the file says.
+    void takeKept(std::vector<DisplayedSet> kept);
+    /// What the file says.
+    const std::vector<DisplayedSet>& setsAsRead() const { return asRead_ ? *asRead_ : sets; }
 
     /// By GUID, or by name when that is empty; null when there is none.
     const DisplayedSet* findSet(std::u16string_view guid, std::u16string_view name) const;
@@ -71,7 +75,10 @@ private:
     };
     class Application;
 
+    void keepAsRead();
+
     std::vector<RemovedSet> removedSets_;
+    std::optional<std::vector<DisplayedSet>> asRead_;  // from the first change on
     bool isChanged_ = false;
 };
 

@@ -160,8 +160,7 @@ bool readDisplays(std::string_view bytes, Objects& objects) {
         const auto place = places.find({display.entryName, display.instanceNumber});
         if (place == places.end() || place->second->guid != display.guid)
             continue;
-        place->second->display.sets = std::move(display.sets);
-        place->second->display.markChanged();
+        place->second->display.takeKept(std::move(display.sets));
     }
     return true;
 }

@@ -56,16 +56,19 @@ HostButtonId create(Host& host, RibbonItem::Kind kind, HostButtonId group, const
     item.text = textOf(text);
     item.hint = textOf(hint);
     item.clicked = clicked;
-    return host.ribbon().create(std::move(item));
+    const HostButtonId id = host.ribbon().create(std::move(item));
+    host.tellObserver(standin::HostPart::Ribbon);
+    return id;
 }
 
 template <class Change>
 void changeItem(HostHandle handle, const char* function, HostButtonId id, Change change) noexcept {
     serve(handle, function, [&](Host& host) {
-        if (RibbonItem* const item = host.ribbon().find(id))
-            change(*item);
-        else
-            host.violate(function, standin::texts::kUnknownButton);
+        RibbonItem* const item = host.ribbon().find(id);
+        if (!item)
+            return host.violate(function, standin::texts::kUnknownButton);
+        change(*item);
+        host.tellObserver(standin::HostPart::Ribbon);
     });
 }
 
@@ -103,9 +106,7 @@ std::int32_t host_get_childs(HostHandle handle, HostObjectId parent, HostObjectI
 /// 1 for every object, 3 for a selected one.
 std::int32_t host_get_object_state(HostHandle handle, HostObjectId id) noexcept {
     return serve(handle, "get_object_state", [&](Host& host) {
-        const auto& selected = host.objects().selected();
-        const bool isSelected = std::find(selected.begin(), selected.end(), id) != selected.end();
-        return !host.objects().find(id) ? 0 : isSelected ? 3 : 1;
+        return !host.objects().find(id) ? 0 : host.objects().isSelected(id) ? 3 : 1;
     });
 }
 
@@ -175,16 +176,17 @@ HostObjectId host_calculate_object_id(HostHandle handle, const char* guid) noexc
 
 void host_select(HostHandle handle, HostObjectId id) noexcept {
     serve(handle, "select", [&](Host& host) {
-        if (host.objectFor("select", id))
-            host.objects().select({id});
+        if (!host.objectFor("select", id))
+            return;
+        host.objects().select({id});
+        host.tellObserver(standin::HostPart::Selection);
     });
 }
 
 // ---- edits and the project file ----
 
 void host_register_undo_action(HostHandle handle, const char16_t* displayText) noexcept {
-    serve(handle, "register_undo_action",
-          [&](Host& host) { host.undoList().add(textOf(displayText)); });
+    serve(handle, "register_undo_action", [&](Host& host) { host.addUndo(textOf(displayText)); });
 }
 
 void host_need_save_ahx(HostHandle handle, bool isNeeded) noexcept {

@@ -32,6 +32,18 @@ std::u16string pluginFolder(const std::u16string& programFolder) {
     return joined(joined(programFolder, u"plugins"), u"quillet");
 }
 
+/// Counts itself while it lives.
+class Counted {
+public:
+    explicit Counted(int& count) : count_(count) { ++count_; }
+    ~Counted() { --count_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+private:
+    int& count_;
+};
+
 HostHandle nextHandle() {
     static HostHandle handle = 0x51540000;
     return handle += 0x10;
@@ -63,7 +75,10 @@ void Host::enterPlugin(Call call) {
     if (!plugin_)
         return;
     loans_.expire();
-    call(plugin_->exports());
+    {
+        const Counted counted(callsIntoPlugin_);
+        call(plugin_->exports());
+    }
     loans_.expire();
 }
 
@@ -96,6 +111,7 @@ bool Host::loadPlugin(std::u16string path) {
                        .email = textOf(info.email),
                        .dataFolder = textOf(info.dataFolder)};
     });
+    pluginPath_ = path;
     enterPlugin([this](const PluginExports& plugin) { plugin.on_plugin_load(handle_, 0, 0); });
     return true;
 }
@@ -110,6 +126,8 @@ void Host::unloadPlugin() {
     texts_.clear();
     plugin_.reset();
     handle_ = 0;
+    tellObserver(HostPart::Ribbon);
+    tellObserver(HostPart::UndoList);
 }
 
 // ---- files ----
@@ -120,15 +138,22 @@ bool Host::open(const std::vector<std::u16string>& paths) {
     if (!opened)
         return fail(std::move(error));
     close();
-    project_.begin(*opened);
-    for (LoadedFile& file : opened->files)
+    begin(*opened);
+    return true;
+}
+
+void Host::begin(OpenedFiles& opened) {
+    project_.begin(opened);
+    for (LoadedFile& file : opened.files)
         objects_.add(std::move(file));
+    error_.clear();
     const std::string* const displays = project_.entry(Project::kDisplayEntry);
     if (displays && options_.usesGeometryCache && !readDisplays(*displays, objects_))
         error_ = texts::kBadDisplayEntry;
+    tellObserver(HostPart::Files);
+    tellObserver(HostPart::NeedsSave);
     enterPlugin([](const PluginExports& plugin) { plugin.on_model_load_v2(0, 0, 0); });
     raise("on_model_load");
-    return true;
 }
 
 void Host::close() {
@@ -139,6 +164,8 @@ void Host::close() {
     objects_.clear();
     project_.clear();
     needsSave_ = false;
+    tellObserver(HostPart::Files);
+    tellObserver(HostPart::NeedsSave);
 }
 
 bool Host::save(std::u16string path) {
@@ -159,15 +186,40 @@ bool Host::save(std::u16string path) {
     std::string error;
     if (!project_.endSave(path, objects_, displays, faults_.diskBytes, error))
         return fail(std::move(error));
-    needsSave_ = false;
+    setNeedsSave(false);
     raise("on_save_ahx");
     return true;
+}
+
+bool Host::reopenInLanguage(const std::u16string& code) {
+    std::optional<OpenedFiles> opened;
+    if (!objects_.files().empty()) {
+        std::vector<std::u16string> paths;
+        for (const LoadedFile& file : objects_.files())
+            paths.push_back(file.path);
+        if (!project_.path().empty())
+            paths = {project_.path()};
+        std::string error;
+        opened = readFiles(paths, error);
+        if (!opened)
+            return fail(std::move(error));
+    }
+    close();
+    const std::u16string plugin = pluginPath_;
+    const bool wasLoaded = isPluginLoaded();
+    unloadPlugin();
+    setLanguage(code);
+    const bool isLoaded = !wasLoaded || loadPlugin(plugin);
+    if (opened)
+        begin(*opened);
+    return isLoaded;
 }
 
 // ---- what the user does ----
 
 void Host::select(std::vector<HostObjectId> objects) {
     objects_.select(std::move(objects));
+    tellObserver(HostPart::Selection);
     raise("on_selection_change");
 }
 
@@ -176,15 +228,15 @@ bool Host::requestChange(HostChangeAction action, const std::u16string& setName,
                          bool asQuantity) {
     if (!plugin_)
         return fail(std::string(texts::kNoPlugin));
-    loans_.expire();
-    HostChangeRequest request{};
-    request.action = action;
-    request.quantity = asQuantity ? 1 : 0;
-    request.setName = loans_.lend(setName);
-    request.setGuid = loans_.lend(setGuid);
-    request.propertyName = propertyName.empty() ? nullptr : loans_.lend(propertyName);
-    plugin_->exports().on_changing_property_or_set(&request, 0);
-    loans_.expire();
+    enterPlugin([&](const PluginExports& plugin) {
+        HostChangeRequest request{};
+        request.action = action;
+        request.quantity = asQuantity ? 1 : 0;
+        request.setName = loans_.lend(setName);
+        request.setGuid = loans_.lend(setGuid);
+        request.propertyName = propertyName.empty() ? nullptr : loans_.lend(propertyName);
+        plugin.on_changing_property_or_set(&request, 0);
+    });
     return true;
 }
 
@@ -214,6 +266,7 @@ bool Host::undo() {
     if (!undoList_.canUndo())
         return false;
     undoList_.stepBack();
+    tellObserver(HostPart::UndoList);
     enterPlugin([](const PluginExports& plugin) { plugin.on_undo_redo_action(0, kHostUndo); });
     return true;
 }
@@ -222,12 +275,14 @@ bool Host::redo() {
     if (!undoList_.canRedo())
         return false;
     undoList_.stepForward();
+    tellObserver(HostPart::UndoList);
     enterPlugin([](const PluginExports& plugin) { plugin.on_undo_redo_action(0, kHostRedo); });
     return true;
 }
 
 void Host::forgetUndo() {
     undoList_.clear();
+    tellObserver(HostPart::UndoList);
     enterPlugin([](const PluginExports& plugin) { plugin.on_undo_redo_action(0, kHostForget); });
 }
 
@@ -251,6 +306,21 @@ void Host::raise(std::string_view event) {
 }
 
 // ---- for the exported functions ----
+
+void Host::addUndo(std::u16string text) {
+    undoList_.add(std::move(text));
+    tellObserver(HostPart::UndoList);
+}
+
+void Host::setNeedsSave(bool needed) {
+    needsSave_ = needed;
+    tellObserver(HostPart::NeedsSave);
+}
+
+void Host::repaint() {
+    ++repaintCount_;
+    tellObserver(HostPart::Display);
+}
 
 int Host::callCount(std::string_view function) const {
     const auto found = calls_.find(function);
@@ -369,6 +439,7 @@ HostChangeId Host::changeDisplay(const HostPropertyRequest* request, const HostP
         violations_.emplace_back(texts::kOtherObject);
     if (!object->display.apply(*request, records, nextChange_, violations_))
         return 0;
+    tellObserver(HostPart::Display);
     return nextChange_++;
 }
 

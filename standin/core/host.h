@@ -23,6 +23,22 @@
 
 namespace standin {
 
+/// What can be seen of the host.
+enum class HostPart { Files, Selection, Display, Ribbon, UndoList, NeedsSave };
+
+/// Is told when something of the host has changed: also in the middle of a call of the plug-in, so
+/// that it has to note the fact and to look later. Only of files it is told at once when objects
+/// come or are gone, and then must not speak to the plug-in.
+class HostObserver {
+public:
+    HostObserver() = default;
+    HostObserver(const HostObserver&) = delete;
+    HostObserver& operator=(const HostObserver&) = delete;
+    virtual ~HostObserver() = default;
+
+    virtual void hostChanged(HostPart part) noexcept = 0;
+};
+
 /// The stand-in for the viewer: it loads the plug-in, opens models and projects, and does what the
 /// user would do. One at a time in a process; the functions that the program exports reach it.
 ///
@@ -53,17 +69,23 @@ public:
     bool isPluginLoaded() const { return plugin_ != nullptr; }
     const PluginInfo& pluginInfo() const { return pluginInfo_; }
     HostApiVersion pluginVersion() const { return pluginVersion_; }
+    /// Whether the plug-in is at work, perhaps with a window of its own open: it must not be called
+    /// again then, nor be unloaded.
+    bool isInPlugin() const { return callsIntoPlugin_ > 0; }
 
     // ---- files ----
 
     /// Opens one project file, or IFC files together; takes the place of what was open, unless it
-    /// cannot be read.
+    /// cannot be read. What of it was left out is told in `error()` all the same.
     bool open(const std::vector<std::u16string>& paths);
     /// Without asking whether to save.
     void close();
     /// path: empty for the project's own.
     bool save(std::u16string path = {});
     bool needsSave() const { return needsSave_; }
+    /// Opens again what is open, with the plug-in loaded anew in another language. What was not
+    /// saved is lost, and the undo list; nothing happens when a file cannot be read any more.
+    bool reopenInLanguage(const std::u16string& code);
 
     // ---- what the user does ----
 
@@ -90,6 +112,12 @@ public:
 
     // ---- what can be seen ----
 
+    /// Borrowed; null for none.
+    void setObserver(HostObserver* observer) { observer_ = observer; }
+    void tellObserver(HostPart part) {
+        if (observer_)
+            observer_->hostChanged(part);
+    }
     const Objects& objects() const { return objects_; }
     const Project& project() const { return project_; }
     const UndoList& undoList() const { return undoList_; }
@@ -114,7 +142,7 @@ public:
     LoanedTexts& loans() { return loans_; }
     Objects& objects() { return objects_; }
     Project& project() { return project_; }
-    UndoList& undoList() { return undoList_; }
+    void addUndo(std::u16string text);
     void violate(std::string_view function, std::string_view what);
     void hostFailed(std::string_view function, std::string_view why) noexcept;
     /// Records a violation for an unknown id. @return null then.
@@ -122,8 +150,8 @@ public:
     bool describe(const char* function, HostObjectId id, HostObjectInfo* info);
     std::int32_t properties(HostObjectId id, HostProperty* buffer, std::int32_t capacity);
     HostChangeId changeDisplay(const HostPropertyRequest* request, const HostProperty* records);
-    void setNeedsSave(bool needed) { needsSave_ = needed; }
-    void repaint() { ++repaintCount_; }
+    void setNeedsSave(bool needed);
+    void repaint();
     const std::u16string& language() const { return options_.language; }
     /// name: a path, or a name that is looked for beside the plug-in and the program.
     bool loadTexts(const std::u16string& name);
@@ -134,6 +162,7 @@ public:
 
 private:
     bool fail(std::string error);
+    void begin(OpenedFiles& opened);
     /// Runs a call into the plug-in; the loans end before and after it.
     template <class Call>
     void enterPlugin(Call call);
@@ -142,6 +171,9 @@ private:
     bool readCall(HostHandle handle, const char* function);
 
     Options options_;
+    HostObserver* observer_ = nullptr;
+    int callsIntoPlugin_ = 0;
+    std::u16string pluginPath_;  // of the plug-in that is loaded
     Objects objects_;
     Project project_;
     UndoList undoList_;

@@ -5,28 +5,61 @@
 #include "platform/text.h"
 
 namespace standin {
+namespace {
+
+/// Takes the parent from an object of each circle of parents: nobody would come to those objects.
+void cutCircles(const LoadedFile& file, const std::unordered_map<HostObjectId, Object*>& byNumber) {
+    std::unordered_set<const Object*> known;  // those above them end somewhere
+    for (const auto& object : file.objects) {
+        std::unordered_set<const Object*> path;
+        for (Object* at = object.get(); known.insert(at).second;) {
+            path.insert(at);
+            const auto parent = byNumber.find(at->parentId);
+            if (parent == byNumber.end())
+                break;
+            if (path.contains(parent->second)) {
+                at->parentId = 0;
+                break;
+            }
+            at = parent->second;
+        }
+    }
+}
+
+}  // namespace
 
 void Objects::add(LoadedFile file) {
     file.id = nextFile_++;
-    std::map<std::int32_t, HostObjectId> idOfNumber;
+    std::unordered_map<HostObjectId, Object*> byNumber;
+    for (const auto& object : file.objects)
+        byNumber.emplace(static_cast<HostObjectId>(object->instanceNumber), object.get());
+    cutCircles(file, byNumber);
     for (const auto& object : file.objects) {
         object->id = nextObject_++;
         object->fileId = file.id;
-        idOfNumber.emplace(object->instanceNumber, object->id);
         byId_.emplace(object->id, object.get());
+        if (!object->guid.empty())
+            byGuid_.emplace(object->guid, object.get());
     }
     for (const auto& object : file.objects) {
-        const auto parent = idOfNumber.find(static_cast<std::int32_t>(object->parentId));
-        object->parentId =
-            parent == idOfNumber.end() || parent->second == object->id ? file.id : parent->second;
+        const auto parent = byNumber.find(object->parentId);
+        object->parentId = parent == byNumber.end() ? file.id : parent->second->id;
+        children_[object->parentId].push_back(object->id);
     }
     files_.push_back(std::move(file));
 }
 
 void Objects::clear() {
-    files_.clear();
     byId_.clear();
-    selected_.clear();
+    byGuid_.clear();
+    children_.clear();
+    select({});
+    files_.clear();
+}
+
+void Objects::select(std::vector<HostObjectId> ids) {
+    selected_ = std::move(ids);
+    isSelected_ = {selected_.begin(), selected_.end()};
 }
 
 const LoadedFile* Objects::findFile(HostObjectId id) const {
@@ -41,11 +74,8 @@ Object* Objects::find(HostObjectId id) const {
 }
 
 Object* Objects::findByGuid(std::u16string_view guid) const {
-    for (const LoadedFile& file : files_)
-        for (const auto& object : file.objects)
-            if (!guid.empty() && object->guid == guid)
-                return object.get();
-    return nullptr;
+    const auto found = byGuid_.find(guid);
+    return found == byGuid_.end() ? nullptr : found->second;
 }
 
 Object* Objects::findNamed(std::u16string_view text) const {
@@ -70,15 +100,14 @@ std::vector<HostObjectId> Objects::all() const {
 std::vector<HostObjectId> Objects::children(HostObjectId parent) const {
     if (parent == kSelection)
         return selected_;
-    std::vector<HostObjectId> ids;
-    for (const LoadedFile& file : files_) {
-        if (parent == kAllObjects)
+    if (parent == kAllObjects) {
+        std::vector<HostObjectId> ids;
+        for (const LoadedFile& file : files_)
             ids.push_back(file.id);
-        for (const auto& object : file.objects)
-            if (object->parentId == parent)
-                ids.push_back(object->id);
+        return ids;
     }
-    return ids;
+    const auto found = children_.find(parent);
+    return found == children_.end() ? std::vector<HostObjectId>() : found->second;
 }
 
 }  // namespace standin

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "plugin/host_abi.h"
@@ -41,7 +43,7 @@ public:
     static constexpr HostObjectId kSelection = 2;
 
     /// Enters a file whose objects have no ids yet but hold in `parentId` the instance number of
-    /// their parent, 0 for none.
+    /// their parent, 0 for none. Parents that go round in a circle count for none.
     void add(LoadedFile file);
     /// Forgets all files and the selection.
     void clear();
@@ -61,12 +63,16 @@ public:
     std::vector<HostObjectId> children(HostObjectId parent) const;
 
     const std::vector<HostObjectId>& selected() const { return selected_; }
-    void select(std::vector<HostObjectId> ids) { selected_ = std::move(ids); }
+    bool isSelected(HostObjectId id) const { return isSelected_.contains(id); }
+    void select(std::vector<HostObjectId> ids);
 
 private:
     std::vector<LoadedFile> files_;
     std::map<HostObjectId, Object*> byId_;
+    std::unordered_map<std::u16string_view, Object*> byGuid_;  // keys: texts of the objects
+    std::unordered_map<HostObjectId, std::vector<HostObjectId>> children_;  // of files and objects
     std::vector<HostObjectId> selected_;
+    std::unordered_set<HostObjectId> isSelected_;
     HostObjectId nextFile_ = (HostObjectId{1} << 32) + 17;
     HostObjectId nextObject_ = (HostObjectId{2} << 32) + 1001;
 };

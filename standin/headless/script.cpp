@@ -8,14 +8,6 @@
 namespace standin {
 namespace {
 
-std::vector<Action> allActions() {
-    std::vector<Action> all;
-    for (const auto& actions :
-         {fileActions(), userActions(), answerActions(), showActions(), expectActions()})
-        all.insert(all.end(), actions.begin(), actions.end());
-    return all;
-}
-
 bool beginsComment(std::string_view rest) {
     return rest.starts_with('#') && (rest.size() == 1 || rest[1] < '0' || rest[1] > '9');
 }
@@ -65,56 +57,98 @@ std::size_t choiceOf(const std::string& word, std::span<const std::string_view> 
     throw ScriptError("\"" + word + "\" " + std::string(texts::kNotOneOf) + all);
 }
 
-std::string scriptHelp() {
-    std::string help(texts::kUsage);
-    for (const Action& action : allActions())
+std::vector<Action> commonActions() {
+    std::vector<Action> all;
+    for (const auto& actions :
+         {fileActions(), userActions(), answerActions(), showActions(), expectActions()})
+        all.insert(all.end(), actions.begin(), actions.end());
+    return all;
+}
+
+std::string actionHelp(std::span<const Action> actions) {
+    std::string help;
+    for (const Action& action : actions)
         help += "  " + usageOf(action) + "\n      " + std::string(action.help) + "\n      " +
                 std::string(texts::kExample) + std::string(action.example) + "\n";
     return help;
 }
 
-Script::Script(Host& host, Output out, Output err)
-    : host_(host), out_(std::move(out)), err_(std::move(err)) {}
+std::string scriptHelp() { return std::string(texts::kUsage) + actionHelp(commonActions()); }
+
+Script::Script(Host& host, Output out, Output err, std::span<const Action> more)
+    : host_(host), out_(std::move(out)), err_(std::move(err)), actions_(more.begin(), more.end()) {
+    const std::vector<Action> common = commonActions();
+    actions_.insert(actions_.end(), common.begin(), common.end());
+}
 
 ScriptStatus Script::run(std::string_view name, std::string_view text) {
-    int number = 0;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        place_ = std::string(name) + ":" + std::to_string(++number) + ": ";
-        try {
-            runLine(text.substr(0, end));
-        } catch (const ScriptError& error) {
-            report(error.what());
-            return ScriptStatus::CannotRun;
-        }
-        for (; violationsTold_ < host_.violations().size(); ++violationsTold_) {
-            ++failed_;
-            report(std::string(texts::kBrokenRule) + host_.violations()[violationsTold_]);
-        }
-        text.remove_prefix(std::min(end + 1, text.size()));
+    begin(name, text);
+    while (step()) {
     }
-    conclude();
-    return failed_ == 0 ? ScriptStatus::Held : ScriptStatus::ExpectationsFailed;
+    return conclude();
+}
+
+void Script::begin(std::string_view name, std::string_view text) {
+    name_ = name;
+    text_ = text;
+    textAt_ = 0;
+    lineNumber_ = 0;
+    canGoOn_ = true;
+}
+
+bool Script::step() {
+    if (!canGoOn_ || textAt_ >= text_.size())
+        return false;
+    const std::size_t start = textAt_;
+    const std::size_t end = std::min(text_.find('\n', start), text_.size());
+    const std::string line = text_.substr(start, end - start);
+    textAt_ = std::min(end + 1, text_.size());
+    std::string place = name_ + ":" + std::to_string(++lineNumber_) + ": ";
+    // A line that waits for the user gets its place back when the lines that it let go are done.
+    place_.swap(place);
+    try {
+        runLine(line);
+    } catch (const ScriptNotYet& notYet) {
+        if (mayWait(notYet)) {
+            textAt_ = start;
+            --lineNumber_;
+        } else {
+            giveUp(notYet.what());
+        }
+    } catch (const ScriptError& error) {
+        giveUp(error.what());
+    }
+    for (; violationsTold_ < host_.violations().size(); ++violationsTold_) {
+        ++failed_;
+        report(std::string(texts::kBrokenRule) + host_.violations()[violationsTold_]);
+    }
+    place_.swap(place);
+    return canGoOn_ && textAt_ < text_.size();
+}
+
+void Script::giveUp(const std::string& why) {
+    canGoOn_ = false;
+    report(why);
 }
 
 void Script::runLine(std::string_view line) {
     const Words words = splitWords(line);
     if (words.empty())
         return;
-    const std::vector<Action> actions = allActions();
     // Names of two words come first: "expect file" is not "expect".
     for (const std::size_t nameWords : {std::size_t{2}, std::size_t{1}}) {
         if (words.size() < nameWords)
             continue;
         const std::string name = nameWords == 2 ? words[0] + " " + words[1] : words[0];
         const auto action =
-            std::find_if(actions.begin(), actions.end(),
+            std::find_if(actions_.begin(), actions_.end(),
                          [&](const Action& candidate) { return candidate.name == name; });
-        if (action == actions.end())
+        if (action == actions_.end())
             continue;
         const Words rest(words.begin() + static_cast<std::ptrdiff_t>(nameWords), words.end());
         if (rest.size() < action->wordsAtLeast || rest.size() > action->wordsAtMost)
             throw ScriptError(std::string(texts::kUsedAs) + usageOf(*action));
+        beginAction(*action);
         action->run(*this, rest);
         return;
     }
@@ -145,7 +179,9 @@ Object& Script::selectedObject() {
     return *found;
 }
 
-void Script::conclude() {
+ScriptStatus Script::conclude() {
+    if (!canGoOn_)
+        return ScriptStatus::CannotRun;
     const auto tell = [this](std::string_view what, std::size_t count) {
         if (count > 0)
             out_(std::string(what) + std::to_string(count) + "\n");
@@ -154,6 +190,7 @@ void Script::conclude() {
     tell(texts::kUnusedAnswers, host_.dialogs().unusedAnswers());
     out_(std::string(texts::kExpectationsHeld) + std::to_string(held_) +
          std::string(texts::kExpectationsFailed) + std::to_string(failed_) + "\n");
+    return failed_ == 0 ? ScriptStatus::Held : ScriptStatus::ExpectationsFailed;
 }
 
 }  // namespace standin

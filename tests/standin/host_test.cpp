@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "platform/main_module.h"
 #include "platform/whole_file.h"
 #include "tests/standin/playground.h"
@@ -113,6 +115,33 @@ TEST(Loans, EndWithTheNextCall) {
     // Kept for a while, so this is still memory of ours.
     EXPECT_EQ(info.name[0], char16_t{0xDDDD});
     EXPECT_EQ(static_cast<unsigned char>(info.guid[0]), standin::LoanedTexts::kPoison);
+}
+
+TEST(Objects, AreFoundFromTheirFileWhoeverTheirParentsAre) {
+    // By number: 1 stands alone, 2 is part of 1, 3 and 4 are parts of each other and 5 of them, 6
+    // is part of itself, 7 of nothing that there is.
+    const std::pair<int, int> parents[] = {{1, 0}, {2, 1}, {3, 4}, {4, 3}, {5, 4}, {6, 6}, {7, 99}};
+    standin::LoadedFile file;
+    for (const auto& [number, parent] : parents) {
+        auto object = std::make_unique<standin::Object>();
+        object->instanceNumber = number;
+        object->parentId = static_cast<HostObjectId>(parent);
+        file.objects.push_back(std::move(object));
+    }
+    standin::Objects objects;
+    objects.add(std::move(file));
+    std::set<HostObjectId> found;
+    std::vector<HostObjectId> waiting = objects.children(objects.files()[0].id);
+    while (!waiting.empty()) {
+        const HostObjectId id = waiting.back();
+        waiting.pop_back();
+        EXPECT_TRUE(found.insert(id).second) << "a second time";
+        for (const HostObjectId child : objects.children(id))
+            waiting.push_back(child);
+    }
+    EXPECT_EQ(found.size(), std::size(parents));
+    EXPECT_EQ(objects.children(objects.all()[0]), std::vector{objects.all()[1]});
+    EXPECT_EQ(objects.children(standin::Objects::kAllObjects).size(), 1U);
 }
 
 TEST(UndoList, ANewEntryCutsWhatCouldBeRedone) {

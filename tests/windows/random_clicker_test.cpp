@@ -5,10 +5,15 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
@@ -18,6 +23,8 @@
 #include <random>
 
 #include "platform/text.h"
+#include "standin/desktop/main_window.h"
+#include "standin/desktop/settings.h"
 #include "tests/flows/flow_host.h"
 #include "tests/flows/log_view.h"
 #include "tests/windows/pilot.h"
@@ -73,17 +80,14 @@ private:
         if (!window)
             return;
         ++turns_;
+        // It could rename and delete what is not ours.
+        if (auto* const files = qobject_cast<QFileDialog*>(window))
+            return files->reject();
+        if (isHurried_)
+            return close(*window);
         const auto kind = static_cast<unsigned>(random_() % 1000);
-        if (kind < 4 || (isHurried_ && kind < 500)) {
-            QCloseEvent close;
-            QApplication::sendEvent(window, &close);
-            return;
-        }
-        if (isHurried_ && kind < 800) {
-            QTest::keyClick(window, kind < 650 ? Qt::Key_Y : Qt::Key_Return,
-                            kind < 650 ? Qt::AltModifier : Qt::NoModifier);
-            return;
-        }
+        if (kind < 4)
+            return close(*window);
         if (kind < 10)
             return window->resize(300 + static_cast<int>(random_() % 900),
                                   200 + static_cast<int>(random_() % 700));
@@ -94,6 +98,19 @@ private:
         }
         if (QWidget* const widget = anyWidget(*window))
             actOn(*widget);
+    }
+
+    void close(QWidget& window) {
+        const auto* const box = qobject_cast<QMessageBox*>(&window);
+        if (box && !box->buttons().isEmpty()) {
+            const QList<QAbstractButton*> buttons = box->buttons();
+            QTest::mouseClick(
+                buttons[static_cast<int>(random_() % static_cast<unsigned>(buttons.size()))],
+                Qt::LeftButton);
+            return;
+        }
+        QCloseEvent event;
+        QApplication::sendEvent(&window, &event);
     }
 
     QWidget* anyWidget(const QWidget& window) {
@@ -190,8 +207,25 @@ void openProperty(FlowHost& flow, std::mt19937& random) {
                               property, random() % 2 == 0);
 }
 
-const Opening kOpenings[] = {
-    {"EditMany", openEditMany}, {"AddSet", openAddSet}, {"Property", openProperty}};
+void openMainWindow(FlowHost& flow, std::mt19937&) {
+    standin::Settings settings{QString()};
+    standin::MainWindow window(flow.host(), settings);
+    window.show();
+    window.activateWindow();
+    QEventLoop loop;
+    QTimer waiting;
+    waiting.callOnTimeout([&] {
+        if (!window.isVisible())
+            loop.quit();
+    });
+    waiting.start(1);
+    loop.exec();
+}
+
+const Opening kOpenings[] = {{"EditMany", openEditMany},
+                             {"AddSet", openAddSet},
+                             {"Property", openProperty},
+                             {"MainWindow", openMainWindow}};
 
 class RandomClicker : public testing::TestWithParam<Opening> {};
 
