@@ -1,5 +1,6 @@
 #include "gui/collect_edits.h"
 
+#include <QHash>
 #include <algorithm>
 #include <iterator>
 #include <unordered_map>
@@ -8,6 +9,7 @@
 #include "edits/edit_many.h"
 #include "edits/edit_many_texts.h"
 #include "edits/property_check.h"
+#include "edits/property_check_texts.h"
 #include "gui/edit_many_state.h"
 #include "gui/edit_many_texts.h"
 #include "gui/qt_text.h"
@@ -116,7 +118,7 @@ void collectPropertyRenames(const ExistingSetGui& set, CollectedEdits& collected
         const auto& [from, to] = renames[place];
         const auto property =
             std::find_if(set.properties().begin(), set.properties().end(),
-                         [&](const auto& each) { return each->initialName() == from; });
+                         [&name = from](const auto& each) { return each->initialName() == name; });
         ManyEdit edit{.kind = ManyEdit::Kind::EditProperty,
                       .setName = fromQString(set.initialName()),
                       .newSetName = {},
@@ -163,7 +165,7 @@ const char* problemOf(const ExistingPropertyGui& property, const ExistingValueRo
         return nullptr;
     // An empty value means "as it was" to those who make the change.
     if (row.value().isEmpty())
-        return texts::many::kValueMissingKey;
+        return texts::kValueMissingKey;
     IfcProperty entry;
     entry.name = fromQString(property.initialName());
     entry.value = fromQString(row.value());
@@ -175,7 +177,7 @@ std::optional<ManyEditsProblem> problemOfNames(ExistingSetGui& set) {
     for (const auto& property : set.properties())
         if (property->name() != property->initialName() &&
             withoutWhiteSigns(fromQString(property->name())).empty())
-            return ManyEditsProblem{.key = texts::many::kPropertyNameMissingKey,
+            return ManyEditsProblem{.key = texts::kPropertyNameMissingKey,
                                     .where = nodeOf(set.name(), property->initialName()),
                                     .set = &set,
                                     .property = property.get()};
@@ -305,9 +307,8 @@ std::optional<ManyEditsProblem> problemOf(const LoadedRows& rows) {
     for (const auto& set : rows.sets) {
         if (set->name() != set->initialName() &&
             withoutWhiteSigns(fromQString(set->name())).empty())
-            return ManyEditsProblem{.key = texts::many::kSetNameMissingKey,
-                                    .where = set->initialName(),
-                                    .set = set.get()};
+            return ManyEditsProblem{
+                .key = texts::kSetNameMissingKey, .where = set->initialName(), .set = set.get()};
         if (auto problem = problemOfNames(*set))
             return problem;
         for (const auto& property : set->properties()) {
@@ -336,7 +337,7 @@ std::optional<ManyEditsProblem> problemOf(const std::vector<NewSetData>& newSets
     for (std::size_t set = 0; set < newSets.size(); ++set) {
         const NewSetData& data = newSets[set];
         if (withoutWhiteSigns(fromQString(data.name)).empty())
-            return ManyEditsProblem{.key = texts::many::kSetNameMissingKey,
+            return ManyEditsProblem{.key = texts::kSetNameMissingKey,
                                     .newSet = set,
                                     .newProperty = data.properties.size()};
         for (std::size_t property = 0; property < data.properties.size(); ++property) {

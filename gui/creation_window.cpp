@@ -79,6 +79,8 @@ int CreationWindow::extend(CreatableRows& rows, Direction direction, int limit) 
 int CreationWindow::create(Direction direction, int limit) {
     int created = 0;
     Place place = direction == Direction::Down ? lastPlace() : firstPlace();
+    if (!isInside(place))  // its set was collapsed
+        place = next(place, direction);
     for (; created < limit && isInside(place); place = next(place, direction)) {
         CreatableRows& rows = sets_.rowsOf(place.set, place.property);
         created += extend(rows, direction, limit - created);
@@ -143,8 +145,12 @@ void CreationWindow::update() {
     }
     createdFrom = before;
     createdTo = before + live + sets_.headerCount();
-    if (firstSet < 0)
-        return;  // nothing is created: creation goes on where it was
+    if (firstSet < 0) {  // nothing is created: creation goes on, either way, where it was
+        lastCreatedSet = std::max(firstCreatedSet, 0);
+        if (lastCreatedSet < sets_.setCount())
+            sets_.cursorsOf(lastCreatedSet).last = sets_.cursorsOf(lastCreatedSet).first;
+        return;
+    }
     firstCreatedSet = firstSet;
     lastCreatedSet = lastSet;
 }

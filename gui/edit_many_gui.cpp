@@ -312,7 +312,6 @@ void EditManyGui::CreateGuiForward() {
             insertedSpacer_ = spacer_.release();
             existingSetsLayout_->addItem(insertedSpacer_);
         }
-        chainTabs();
     });
     traceNumber(texts::many::kLogBuilt, editManyState().createdGuiCount);
     loadingInProgress_ = false;
@@ -328,22 +327,6 @@ void EditManyGui::CreateGuiForward() {
                     &EditManyGui::UpdateCreatedGuiPos, Qt::UniqueConnection);
     }
     emit CreatingGuiFinished();
-}
-
-/// Widgets are made in another order than that in which they are read.
-void EditManyGui::chainTabs() {
-    row_widgets::TabChain chain(scrollArea_);
-    for (const auto& set : rows_.sets) {
-        for (QWidget* const widget : set->focusOrder())
-            chain.add(widget);
-        for (const auto& property : set->properties()) {
-            for (QWidget* const widget : property->focusOrder())
-                chain.add(widget);
-            for (const int row : property->liveRows())
-                for (QWidget* const widget : property->shownRow(row).focusOrder())
-                    chain.add(widget);
-        }
-    }
 }
 
 void EditManyGui::UpdateCreatedGuiPos() { window_.update(); }
@@ -806,6 +789,51 @@ bool EditManyGui::isCloseConfirmed() {
     box.exec();
     isAskingToClose_ = false;
     return box.clickedButton() == yes;
+}
+
+/// What Tab goes over, as it is read from top to bottom.
+std::vector<QWidget*> EditManyGui::focusOrder() const {
+    std::vector<QWidget*> order{addSetButton_};
+    const auto append = [&](const std::vector<QWidget*>& widgets) {
+        order.insert(order.end(), widgets.begin(), widgets.end());
+    };
+    if (QScrollArea* const area = row_widgets::scrollAreaOf(*newSetsLayout_->parentWidget()))
+        order.push_back(area);
+    for (const auto& set : newSets_)
+        append(set->focusOrder());
+    for (int place = 0; place < optionsLayout_->count(); ++place)
+        if (QWidget* const widget = optionsLayout_->itemAt(place)->widget())
+            order.push_back(widget);
+    append({groupingBox_, selectAllButton_, scrollArea_});
+    for (const auto& set : rows_.sets) {
+        append(set->focusOrder());
+        for (const auto& property : set->properties()) {
+            append(property->focusOrder());
+            for (const int row : property->liveRows())
+                append(property->shownRow(row).focusOrder());
+        }
+    }
+    append({okButton_, cancelButton_});
+    return order;
+}
+
+/// Rows come and go at any place, and Qt's own order would have to be searched for each.
+bool EditManyGui::focusNextPrevChild(bool next) {
+    std::vector<QWidget*> order = focusOrder();
+    if (!next)
+        std::reverse(order.begin(), order.end());
+    const auto now = std::find(order.begin(), order.end(), focusWidget());
+    if (now == order.end())
+        return QWidget::focusNextPrevChild(next);
+    std::rotate(order.begin(), now, order.end());
+    const auto found = std::find_if(order.begin() + 1, order.end(), [](const QWidget* widget) {
+        return (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() &&
+               widget->isVisible();
+    });
+    if (found == order.end())
+        return false;
+    (*found)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 void EditManyGui::keyPressEvent(QKeyEvent* event) {

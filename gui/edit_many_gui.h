@@ -71,6 +71,7 @@ public slots:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     /// What has to stay where it is on the screen while rows come and go.
@@ -91,8 +92,8 @@ private:
     void buildSummary();
 
     // Rows.
+    std::vector<QWidget*> focusOrder() const;
     void regroup();
-    void chainTabs();
     void addNewSet();
     void removeNewSet(NewSetGui& set);
     void selectAllPressed();

@@ -221,13 +221,6 @@ void ExistingPropertyGui::createRow(int row) {
     shown.buildWidgets(isRowEditable());
     const auto place = std::lower_bound(liveRows_.begin(), liveRows_.end(), row);
     widgets_->valueArea->insertLayout(static_cast<int>(place - liveRows_.begin()), shown.layout());
-    const std::vector<QWidget*> before =
-        place == liveRows_.begin()
-            ? focusOrder()
-            : shownRows_[static_cast<std::size_t>(*std::prev(place))]->focusOrder();
-    row_widgets::TabChain chain(before.back());
-    for (QWidget* const widget : shown.focusOrder())
-        chain.add(widget);
     shown.showWidgets();
     liveRows_.insert(place, row);
     connect(&shown, &ExistingValueRowGui::stateChanged, this,

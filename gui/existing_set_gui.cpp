@@ -176,14 +176,6 @@ void ExistingSetGui::ShowChildBtnPressed() {
     row_widgets::showExpanded(*widgets_->expandButton, isExpanded_);
     if (isExpanded_) {
         createChildren();
-        QWidget* before = widgets_->nameField;
-        for (const auto& property : properties_) {
-            row_widgets::TabChain chain(before);
-            for (QWidget* const widget : property->focusOrder()) {
-                chain.add(widget);
-                before = widget;
-            }
-        }
     } else {
         const std::vector<QWidget*> header = focusOrder();
         QWidget* const focus = widgets_->box->window()->focusWidget();

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -29,7 +30,7 @@ namespace {
 
 constexpr std::size_t kNamesInToolTip = 10;
 // How a row divides its width at first; the value gets what is left.
-constexpr int kGroupLabelShare = 210;
+constexpr int kGroupLabelShare = 30;  // signs
 constexpr int kValueShare = 400;
 
 }  // namespace
@@ -119,8 +120,8 @@ void ExistingValueRowGui::buildWidgets(bool isEditable) {
         addUnitBox(isEditable);
     }
     QList<int> shares{kValueShare, row_style::kMinUnitWidth};
-    if (widgets_->groupLabel)
-        shares.prepend(kGroupLabelShare);
+    if (const QLineEdit* const label = widgets_->groupLabel)
+        shares.prepend(label->fontMetrics().averageCharWidth() * kGroupLabelShare);
     widgets_->splitter->setSizes(shares);
     addSelectButton(isEditable);
     const QString objects = row_widgets::toolTip(objectsText());
@@ -138,6 +139,9 @@ void ExistingValueRowGui::addGroupLabel() {
     field->setAccessibleName(property_.name());
     field->setReadOnly(true);
     field->setFrame(false);
+    QPalette palette = field->palette();
+    palette.setColor(QPalette::Base, Qt::transparent);  // no field to fill in
+    field->setPalette(palette);
     field->setFocusPolicy(Qt::ClickFocus);  // it can be copied from, but is none to fill in
     field->setMaximumHeight(row_style::kMaxFieldHeight);
     field->setBaseSize(row_style::kGroupLabelWidth, row_style::kMaxFieldHeight);
@@ -244,7 +248,8 @@ std::vector<QWidget*> ExistingValueRowGui::focusOrder() const {
     std::vector<QWidget*> order;
     if (widgets_)
         for (QWidget* const widget :
-             {static_cast<QWidget*>(widgets_->box), static_cast<QWidget*>(widgets_->editor),
+             {static_cast<QWidget*>(widgets_->box), static_cast<QWidget*>(widgets_->groupLabel),
+              static_cast<QWidget*>(widgets_->editor),
               static_cast<QWidget*>(widgets_->truthBox), static_cast<QWidget*>(widgets_->unitBox),
               static_cast<QWidget*>(widgets_->selectButton)})
             if (widget)

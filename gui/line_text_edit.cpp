@@ -76,6 +76,8 @@ void LineTextEdit::changeEvent(QEvent* event) {
     QTextEdit::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         centreVertically();
+    else if (event->type() == QEvent::ReadOnlyChange)  // to be told from what can be edited
+        viewport()->setBackgroundRole(isReadOnly() ? QPalette::Window : QPalette::Base);
 }
 
 /// The wheel moves the list that the field stands in.

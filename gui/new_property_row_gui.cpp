@@ -90,9 +90,9 @@ std::vector<QWidget*> NewPropertyRowGui::focusOrder() const {
     return {nameField_, valueField_, unitBox_, deleteButton_};
 }
 
-void NewPropertyRowGui::takeNameFocus() { nameField_->setFocus(); }
+void NewPropertyRowGui::takeNameFocus() { row_widgets::takeFocus(*nameField_); }
 
-void NewPropertyRowGui::takeValueFocus() { valueField_->setFocus(); }
+void NewPropertyRowGui::takeValueFocus() { row_widgets::takeFocus(*valueField_); }
 
 void NewPropertyRowGui::nameEdited() {
     if (isResettingName_)

@@ -70,17 +70,15 @@ NewPropertyRowGui& NewSetGui::addProperty(const QString& name, const QString& va
         std::make_unique<NewPropertyRowGui>(*this, name, value, unit, *propertiesLayout_));
     if (!name.isEmpty())
         propertiesByName_.try_emplace(name, &property);
-    chainTabs();
     return property;
 }
 
-void NewSetGui::chainTabs() {
-    row_widgets::TabChain chain(nameField_);
-    chain.add(addButton_);
-    chain.add(deleteButton_);
+std::vector<QWidget*> NewSetGui::focusOrder() const {
+    std::vector<QWidget*> order{nameField_, addButton_, deleteButton_};
     for (const auto& property : properties_)
         for (QWidget* const widget : property->focusOrder())
-            chain.add(widget);
+            order.push_back(widget);
+    return order;
 }
 
 void NewSetGui::removeProperty(NewPropertyRowGui& property) {
@@ -123,4 +121,4 @@ void NewSetGui::nameEdited() {
     isResettingName_ = false;
 }
 
-void NewSetGui::takeFocus() { nameField_->setFocus(); }
+void NewSetGui::takeFocus() { row_widgets::takeFocus(*nameField_); }

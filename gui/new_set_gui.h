@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -7,6 +8,7 @@
 #include <list>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "gui/new_property_row_gui.h"
 
@@ -15,6 +17,7 @@ class QBoxLayout;
 class QHBoxLayout;
 class QPushButton;
 class QVBoxLayout;
+class QWidget;
 
 /// One set that the user adds to all the selected objects.
 class NewSetGui : public QObject {
@@ -42,11 +45,11 @@ public:
     void removeProperty(NewPropertyRowGui& property);
     /// @return false when another property of the set has the name; nothing has changed then.
     bool renameProperty(NewPropertyRowGui& property, const QString& name);
+    std::vector<QWidget*> focusOrder() const;
     void takeFocus();
 
 private:
     void nameEdited();
-    void chainTabs();
 
     Owner owner_;
     QString name_;

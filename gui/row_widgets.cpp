@@ -2,7 +2,9 @@
 
 #include <QCheckBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QToolButton>
 
 #include "gui/edit_many_state.h"
@@ -68,6 +70,23 @@ QString toolTip(const QString& text) {
            QStringLiteral("</span>");
 }
 
+QScrollArea* scrollAreaOf(const QWidget& widget) {
+    for (QWidget* parent = widget.parentWidget(); parent; parent = parent->parentWidget())
+        if (auto* const area = qobject_cast<QScrollArea*>(parent))
+            return area;
+    return nullptr;
+}
+
+void takeFocus(QWidget& widget) {
+    widget.show();  // a hidden one takes no keyboard
+    widget.setFocus();
+    // It has no place yet, if it is new.
+    QTimer::singleShot(0, &widget, [&widget] {
+        if (QScrollArea* const area = scrollAreaOf(widget))
+            area->ensureWidgetVisible(&widget);
+    });
+}
+
 LayoutPause::LayoutPause(QWidget* parent) {
     QLayout* const layout = parent ? parent->layout() : nullptr;
     if (!layout || !layout->isEnabled())
@@ -81,12 +100,6 @@ LayoutPause::~LayoutPause() {
         return;
     layout_->setEnabled(true);
     layout_->activate();
-}
-
-void TabChain::add(QWidget* widget) {
-    if (last_)
-        QWidget::setTabOrder(last_, widget);
-    last_ = widget;
 }
 
 }  // namespace row_widgets

@@ -8,6 +8,7 @@
 class QCheckBox;
 class QComboBox;
 class QPushButton;
+class QScrollArea;
 class QToolButton;
 
 /// What the rows of the edit-many window build themselves from.
@@ -26,6 +27,12 @@ void showChecked(QCheckBox& box, std::size_t checked, std::size_t total);
 
 /// For a tool tip: markup in `text` is shown, lines are kept, what is very long is cut.
 QString toolTip(const QString& text);
+
+/// What `widget` is scrolled by; null for nothing.
+QScrollArea* scrollAreaOf(const QWidget& widget);
+
+/// Gives the keyboard to a widget that may just have been made, and scrolls to it.
+void takeFocus(QWidget& widget);
 
 /// Hides `widget`, deletes it later, because the call may come from its own signal, and forgets it
 /// at once, so that the row may be built again before that.
@@ -51,17 +58,6 @@ public:
 
 private:
     QLayout* layout_ = nullptr;  // to be started again
-};
-
-/// Puts widgets behind one another for the Tab key.
-class TabChain {
-public:
-    /// after: the widget in front of the first; null for none.
-    explicit TabChain(QWidget* after) : last_(after) {}
-    void add(QWidget* widget);
-
-private:
-    QWidget* last_;
 };
 
 }  // namespace row_widgets

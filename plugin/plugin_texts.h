@@ -91,11 +91,8 @@ inline constexpr const char* kObjectNotInFileKey = "object_not_in_file";
 inline constexpr const char* kTypeNotEditableKey = "type_object_not_editable";
 inline constexpr const char* kSetNotEditableKey = "set_not_editable";
 inline constexpr const char* kPropertyNotEditableKey = "property_not_editable";
-inline constexpr const char* kSetNameMissingKey = "set_name_missing";
 inline constexpr const char* kSetNameTakenKey = "set_name_taken";
 inline constexpr const char* kPropertyNameTakenKey = "property_name_taken";
-inline constexpr const char* kValueMissingKey = "value_missing";
-inline constexpr const char* kUnitMissingKey = "unit_missing";
 
 // Property window.
 inline constexpr const char* kPropertyWindowNameKey = "propertyWindowName";

@@ -40,7 +40,7 @@ public:
     }
 
     void openHouse() {
-        window_->openFiles({standin::toQString(playground_.house())});
+        window_->openFiles({toQString(playground_.house())});
         settle();
         ASSERT_EQ(host().objects().files().size(), 1U);
         plugin().events.clear();

@@ -36,15 +36,15 @@ Result ran(const QStringList& arguments, const QStringList& environment = {}) {
 
 /// A script with the recording plug-in and the sample house open.
 QString scriptWith(const TempFolder& folder, const std::string& lines) {
-    return standin::toQString(folder.write(u"script.txt", "load " RECORDING_PLUGIN
-                                                          "\nopen \"" QUILLET_SOURCE_DIR
-                                                          "/samples/sample_house.ifc\"\n" +
-                                                              lines));
+    return toQString(folder.write(u"script.txt", "load " RECORDING_PLUGIN
+                                                 "\nopen \"" QUILLET_SOURCE_DIR
+                                                 "/samples/sample_house.ifc\"\n" +
+                                                     lines));
 }
 
 TEST(DesktopProgram, RunsAScriptAndTakesPictures) {
     const TempFolder folder;
-    const QString picture = standin::toQString(folder / u"Bild \u00DF.png");
+    const QString picture = toQString(folder / u"Bild \u00DF.png");
     const QString script =
         scriptWith(folder,
                    "tree-select #65\nexpect-row propertyTree Colour \"red, 'oxblood'\"\n"
@@ -101,7 +101,7 @@ TEST(DesktopProgram, UnderstandsItsArguments) {
     // A model on the command line is open when the script begins.
     const TempFolder folder;
     const QString script =
-        standin::toQString(folder.write(u"s.txt", "expect-text objectCount \"8 objects\"\n"));
+        toQString(folder.write(u"s.txt", "expect-text objectCount \"8 objects\"\n"));
     EXPECT_EQ(ran({QStringLiteral("--language"), QStringLiteral("de"), QStringLiteral("--script"),
                    script, QStringLiteral(QUILLET_SOURCE_DIR "/samples/sample_house.ifc")})
                   .status,

@@ -75,7 +75,7 @@ TEST(DesktopScripts, GoOnWhileAWindowIsOpen) {
         dialog.exec();
         entered = field.text().toStdString();
     };
-    const QString picture = standin::toQString(desktop.playground().folder() / u"second.png");
+    const QString picture = toQString(desktop.playground().folder() / u"second.png");
     EXPECT_EQ(ran(desktop,
                   "tree-select #65\npanel Finish Colour\nkey F2\n"
                   "window First\npress Yes\n"

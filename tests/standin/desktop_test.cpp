@@ -25,7 +25,6 @@ namespace {
 
 using Events = std::vector<std::string>;
 using Names = std::vector<std::u16string>;
-using standin::toQString;
 
 void clickRow(QTreeView& tree, const QModelIndex& row,
               Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

@@ -11,9 +11,10 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QPointer>
-#include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
@@ -51,6 +52,38 @@ const QString kTexts[] = {
 constexpr Qt::Key kKeys[] = {Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Escape,
                              Qt::Key_Space,     Qt::Key_Up,      Qt::Key_Down,   Qt::Key_PageDown,
                              Qt::Key_Backspace, Qt::Key_Delete,  Qt::Key_Home,   Qt::Key_End};
+
+// Unlike those of QTest these let a widget go with the first of its events.
+
+void sendMouse(const QPointer<QWidget>& widget, QEvent::Type type, const QPoint& place) {
+    if (!widget)
+        return;
+    const Qt::MouseButtons held =
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton, held,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+void clickAt(QWidget& widget, const QPoint& place, bool isDouble = false) {
+    const QPointer<QWidget> clicked = &widget;
+    sendMouse(clicked, QEvent::MouseButtonPress, place);
+    sendMouse(clicked, QEvent::MouseButtonRelease, place);
+    if (isDouble) {
+        sendMouse(clicked, QEvent::MouseButtonDblClick, place);
+        sendMouse(clicked, QEvent::MouseButtonRelease, place);
+    }
+}
+
+void sendKey(const QPointer<QWidget>& widget, int key, Qt::KeyboardModifiers modifiers,
+             const QString& text = {}) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        if (!widget)
+            return;
+        QKeyEvent event(type, key, modifiers, text);
+        QApplication::sendEvent(widget, &event);
+    }
+}
 
 /// Does something at random in the uppermost window, whenever the events are done.
 class Clicker {
@@ -93,7 +126,7 @@ private:
                                   200 + static_cast<int>(random_() % 700));
         if (kind < 30) {
             if (QWidget* const ok = findWidget(QStringLiteral("OkButton"), window))
-                QTest::mouseClick(ok, Qt::LeftButton);
+                clickAt(*ok, ok->rect().center());
             return;
         }
         if (QWidget* const widget = anyWidget(*window))
@@ -104,9 +137,9 @@ private:
         const auto* const box = qobject_cast<QMessageBox*>(&window);
         if (box && !box->buttons().isEmpty()) {
             const QList<QAbstractButton*> buttons = box->buttons();
-            QTest::mouseClick(
-                buttons[static_cast<int>(random_() % static_cast<unsigned>(buttons.size()))],
-                Qt::LeftButton);
+            QAbstractButton& button =
+                *buttons[static_cast<int>(random_() % static_cast<unsigned>(buttons.size()))];
+            clickAt(button, button.rect().center());
             return;
         }
         window.close();
@@ -137,8 +170,8 @@ private:
         switch (random_() % 8) {
             case 0:
             case 1:
-            case 2: QTest::mouseClick(&widget, Qt::LeftButton, {}, place); break;
-            case 3: QTest::mouseDClick(&widget, Qt::LeftButton, {}, place); break;
+            case 2: clickAt(widget, place); break;
+            case 3: clickAt(widget, place, true); break;
             case 4: {
                 QWheelEvent wheel(place, widget.mapToGlobal(place), {},
                                   {0, random_() % 2 ? 120 : -120}, Qt::NoButton, Qt::NoModifier,
@@ -147,15 +180,13 @@ private:
                 break;
             }
             case 5:
-                QTest::keyClick(&widget, kKeys[random_() % std::size(kKeys)],
-                                random_() % 8 ? Qt::NoModifier : Qt::ControlModifier);
+                sendKey(&widget, kKeys[random_() % std::size(kKeys)],
+                        random_() % 8 ? Qt::NoModifier : Qt::ControlModifier);
                 break;
             default: {
-                QPointer<QWidget> field = &widget;
+                const QPointer<QWidget> field = &widget;
                 for (const QChar& character : kTexts[random_() % std::size(kTexts)].left(200))
-                    if (field)
-                        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, character,
-                                            Qt::NoModifier);
+                    sendKey(field, Qt::Key_unknown, Qt::NoModifier, character);
             }
         }
     }
