@@ -827,8 +827,7 @@ bool EditManyGui::focusNextPrevChild(bool next) {
         return QWidget::focusNextPrevChild(next);
     std::rotate(order.begin(), now, order.end());
     const auto found = std::find_if(order.begin() + 1, order.end(), [](const QWidget* widget) {
-        return (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() &&
-               widget->isVisible();
+        return (widget->focusPolicy() & Qt::TabFocus) && widget->isEnabled() && widget->isVisible();
     });
     if (found == order.end())
         return false;

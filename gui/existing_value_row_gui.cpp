@@ -249,8 +249,8 @@ std::vector<QWidget*> ExistingValueRowGui::focusOrder() const {
     if (widgets_)
         for (QWidget* const widget :
              {static_cast<QWidget*>(widgets_->box), static_cast<QWidget*>(widgets_->groupLabel),
-              static_cast<QWidget*>(widgets_->editor),
-              static_cast<QWidget*>(widgets_->truthBox), static_cast<QWidget*>(widgets_->unitBox),
+              static_cast<QWidget*>(widgets_->editor), static_cast<QWidget*>(widgets_->truthBox),
+              static_cast<QWidget*>(widgets_->unitBox),
               static_cast<QWidget*>(widgets_->selectButton)})
             if (widget)
                 order.push_back(widget);

@@ -273,13 +273,13 @@ void drop(Script& script, const Words& words) {
 }
 
 QPalette darkPalette() {
-    QPalette dark(QColor(53, 53, 53), QColor(35, 35, 35));
+    QPalette dark(QColor(80, 80, 80), QColor(58, 58, 58));
     const QColor letters(235, 235, 235);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
                             QPalette::ToolTipText, QPalette::BrightText})
         dark.setColor(role, letters);
-    dark.setColor(QPalette::Base, QColor(30, 30, 30));
-    dark.setColor(QPalette::AlternateBase, QColor(42, 42, 42));
+    dark.setColor(QPalette::Base, QColor(36, 36, 36));
+    dark.setColor(QPalette::AlternateBase, QColor(44, 44, 44));
     dark.setColor(QPalette::ToolTipBase, QColor(42, 42, 42));
     dark.setColor(QPalette::PlaceholderText, QColor(235, 235, 235, 128));
     dark.setColor(QPalette::Highlight, QColor(42, 110, 170));
