@@ -9,6 +9,9 @@
 #       GoogleTest program; each TEST becomes a test of ctest. Its sources see QUILLET_SOURCE_DIR
 #       and QUILLET_SHARED_DIR as string literals. The default label is "unit"; "slow" raises the
 #       time limit of a test from one minute to ten.
+#   quillet_test_on_x11(<target> [<filter>])
+#       runs the tests of a GoogleTest program, or those that the filter names, once more on a
+#       display server of their own, where focus and grabs are real
 #   quillet_fuzzer(<name>_fuzzer SOURCES ... [PRIVATE <libs>...])
 #       defines LLVMFuzzerTestOneInput. libFuzzer drives it in a build with QUILLET_FUZZ. In all
 #       others fuzz/replay_main.cpp does, which runs the files of the folders that it is given, and
@@ -117,6 +120,27 @@ function(quillet_test target)
          "  set_tests_properties(\${${target}_TESTS} PROPERTIES LABELS \"${labels}\")\n"
          "endif()\n")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${labels_file}")
+endfunction()
+
+function(quillet_test_on_x11 target)
+    find_program(QUILLET_XVFB_RUN xvfb-run)
+    mark_as_advanced(QUILLET_XVFB_RUN)
+    set(filter "*")
+    if(ARGC GREATER 1)
+        set(filter "${ARGV1}")
+    endif()
+    if(QUILLET_XVFB_RUN)
+        add_test(NAME ${target}_on_x11
+                 COMMAND "${QUILLET_XVFB_RUN}" -a -s "-screen 0 1600x1200x24"
+                         $<TARGET_FILE:${target}> --gtest_filter=${filter})
+    else()  # shows as "not run"
+        add_test(NAME ${target}_on_x11 COMMAND xvfb-run)
+        set_tests_properties(${target}_on_x11 PROPERTIES DISABLED ON)
+    endif()
+    # Two that start at once would fight over a display number.
+    set_tests_properties(
+        ${target}_on_x11 PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=xcb TIMEOUT 600 LABELS "gui;slow"
+                                    RESOURCE_LOCK x11)
 endfunction()
 
 function(quillet_fuzzer target)
