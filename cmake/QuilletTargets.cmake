@@ -113,11 +113,14 @@ function(quillet_test target)
     gtest_discover_tests(
         ${target} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT ${timeout})
+    # No window of a test waits on somebody's screen; those that need one choose theirs themselves.
+    set(no_display "DISPLAY=unset:;WAYLAND_DISPLAY=unset:;QT_QPA_PLATFORM=unset:")
     # Read by ctest after the discovery; gtest_discover_tests itself cannot pass a list as property.
     set(labels_file "${CMAKE_CURRENT_BINARY_DIR}/${target}_labels.cmake")
     file(WRITE "${labels_file}"
          "if(${target}_TESTS)\n"
-         "  set_tests_properties(\${${target}_TESTS} PROPERTIES LABELS \"${labels}\")\n"
+         "  set_tests_properties(\${${target}_TESTS} PROPERTIES LABELS \"${labels}\"\n"
+         "    ENVIRONMENT_MODIFICATION \"${no_display}\")\n"
          "endif()\n")
     set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${labels_file}")
 endfunction()
