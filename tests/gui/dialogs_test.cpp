@@ -146,7 +146,8 @@ TEST(SummaryDetails, ShowARowForEachRecordAndItsObjectsOnDemand) {
     ASSERT_EQ(details.rowCount(), 3);
     EXPECT_EQ(details.item(2, 0)->text().trimmed(), "Wall 7");
     summary.window.activateWindow();
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&summary.window));
+    details.setFocus();
     details.setCurrentCell(0, 0);
     QTest::keyClick(&details, Qt::Key_Space);
     EXPECT_LT(details.rowCount(), 1000) << "bounded";

@@ -141,7 +141,8 @@ QWidget* uppermostWindow() {
         return popup;
     if (QWidget* const modal = QApplication::activeModalWidget())
         return modal;
-    if (QWidget* const active = QApplication::activeWindow())
+    // A list that was closed may still count as active.
+    if (QWidget* const active = QApplication::activeWindow(); active && active->isVisible())
         return active;
     for (QWidget* const window : QApplication::topLevelWidgets())
         if (window->isVisible())
