@@ -92,7 +92,7 @@ public:
                   [this] { return regroup(); },    [this] { return isRegrouped(); },
                   [this] { return isIdle(); },     [this] { return expand(); },
                   [this] { return scroll(); },     [this] { return chooseForAll(); },
-                  [this] { return accept(); }};
+                  [] { return accept(); }};
         schedule();
     }
 
