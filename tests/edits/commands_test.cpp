@@ -305,8 +305,9 @@ TEST_F(ManyObjects, AreEditedAtTheirPlacesOnly) {
          at(edit(Kind::EditProperty, u"Pset", property(u"P", u"2")), {{11, u"gA"}}),
          at(edit(Kind::AddSet, u"New"), {{12, {}}}),
          edit(Kind::DeleteProperty, u"Pset", property(u"Q", u""))}};
-    EXPECT_EQ(changesOf(edits), Texts({"4 #21/Pset/P [P=1]", "4 #21/Pset/P [P=2]",
-                                       "3 #21/Pset/Q [Q=v]", "4 #22/Pset/P [P=1]", "1 #22/New [=]"}));
+    EXPECT_EQ(changesOf(edits),
+              Texts({"4 #21/Pset/P [P=1]", "4 #21/Pset/P [P=2]", "3 #21/Pset/Q [Q=v]",
+                     "4 #22/Pset/P [P=1]", "1 #22/New [=]"}));
 }
 
 TEST_F(ManyObjects, OfFilesThatAreNotLoadedAreReported) {
