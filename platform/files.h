@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// Files by UTF-16 path. On POSIX systems the path is taken as `toPathBytes` (platform/text.h)
-/// gives it.
+/// Files by UTF-16 path, of any length that the system can have. On POSIX systems the path is taken
+/// as `toPathBytes` (platform/text.h) gives it. Where a function fails, errno tells why.
 namespace platform {
 
 /// Opens `path` as std::fopen does, with a mode such as "rb". The handle is not inherited by child
@@ -30,11 +30,15 @@ bool removeFile(std::u16string_view path);
 
 /// Gives the file `from` the name `to` in one step; a file that has that name is replaced (its
 /// access rights are kept where the system allows it), and never lost when the call fails. Both are
-/// on the same volume. @return success.
+/// on the same volume. On Windows a write-protected file is not replaced. @return success.
 bool renameOver(std::u16string_view from, std::u16string_view to);
 
 /// Whether a file or folder of that name exists.
 bool fileExists(std::u16string_view path);
+
+/// Whether its owner protected the file against being written; false when there is none. Renaming
+/// over a file may need no right to write it.
+bool isWriteProtected(std::u16string_view path);
 
 /// Size in bytes; 0 when there is no such file.
 std::uint64_t fileSize(std::u16string_view path);

@@ -103,6 +103,12 @@ bool fileExists(std::u16string_view path) {
     return ::stat(toPathBytes(path).c_str(), &found) == 0;
 }
 
+bool isWriteProtected(std::u16string_view path) {
+    struct stat found = {};
+    return ::stat(toPathBytes(path).c_str(), &found) == 0 &&
+           (found.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
 std::uint64_t fileSize(std::u16string_view path) {
     struct stat found = {};
     if (::stat(toPathBytes(path).c_str(), &found) != 0)

@@ -2,11 +2,13 @@
 
 #include <windows.h>
 
+#include "platform/win32/long_path.h"
 #include "platform/win32/wide.h"
 
 namespace platform {
 
-DynamicLibrary::DynamicLibrary(const std::u16string& path) : handle_(::LoadLibraryW(wide(path))) {
+DynamicLibrary::DynamicLibrary(const std::u16string& path)
+    : handle_(::LoadLibraryW(wide(unlimited(path)))) {
     if (!handle_)
         error_ = "Windows error " + std::to_string(::GetLastError());
 }

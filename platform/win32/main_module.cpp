@@ -2,10 +2,19 @@
 
 #include <windows.h>
 
+#include "platform/win32/long_path.h"
 #include "platform/win32/wide.h"
 
 namespace platform {
 namespace {
+
+/// A module that was loaded by a path with a prefix has that in its name; wine drops a part of it.
+std::u16string asUsersSeeIt(const std::u16string& path) {
+    constexpr std::u16string_view kNetworkOfWine = u"UNC\\";
+    if (path.starts_with(kNetworkOfWine))
+        return u"\\\\" + path.substr(kNetworkOfWine.size());
+    return withoutPrefix(path);
+}
 
 /// Null: the program.
 std::u16string pathOf(HMODULE module) {
@@ -18,7 +27,7 @@ std::u16string pathOf(HMODULE module) {
             return {};
         if (length < path.size()) {
             path.resize(length);
-            return path;
+            return asUsersSeeIt(path);
         }
     }
     return {};

@@ -1,14 +1,9 @@
 #include "standin/core/disk.h"
 
 #include "platform/files.h"
-#include "platform/text.h"
+#include "platform/folders.h"
 
 namespace standin {
-
-std::filesystem::path pathOf(const std::u16string& path) {
-    const std::string bytes = platform::toPathBytes(path);
-    return std::u8string(bytes.begin(), bytes.end());
-}
 
 std::u16string joined(std::u16string_view folder, std::u16string_view name) {
     std::u16string path(folder);
@@ -31,15 +26,13 @@ std::u16string folderOf(std::u16string_view path) {
 }
 
 TemporaryFolder::TemporaryFolder() : marker_(platform::createTemporaryFile(u"_project")) {
-    std::error_code failed;
-    if (!marker_.empty() && std::filesystem::create_directory(pathOf(marker_ + u".d"), failed))
+    if (!marker_.empty() && platform::createFolders(marker_ + u".d"))
         path_ = marker_ + u".d";
 }
 
 TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
     if (!path_.empty())
-        std::filesystem::remove_all(pathOf(path_), ignored);
+        platform::removeFolder(path_);
     if (!marker_.empty())
         platform::removeFile(marker_);
 }

@@ -1,13 +1,9 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace standin {
-
-/// The standard library's form of a path.
-std::filesystem::path pathOf(const std::u16string& path);
 
 /// `folder` with `name` behind it.
 std::u16string joined(std::u16string_view folder, std::u16string_view name);

@@ -13,6 +13,7 @@
 #include "ifc/io/paths.h"
 #include "ifc/io/zip_files.h"
 #include "platform/files.h"
+#include "platform/folders.h"
 #include "platform/text.h"
 #include "standin/core/disk.h"
 #include "standin/core/standin_texts.h"
@@ -79,8 +80,7 @@ bool passEntry(unzFile archive, Take take) {
 }
 
 bool extractModel(unzFile archive, const std::u16string& path) {
-    std::error_code failed;
-    std::filesystem::create_directories(pathOf(folderOf(path)), failed);
+    platform::createFolders(folderOf(path));
     platform::FileHandle file(platform::openFile(path, "wb"));
     return file &&
            passEntry(archive,
@@ -163,16 +163,6 @@ bool writeArchive(const std::u16string& path, const std::vector<ProjectEntry>& e
            platform::flushToDisk(path);
 }
 
-/// Renaming over a file needs no right to write it, but its owner protected it.
-bool isReadOnly(const std::u16string& path) {
-    using std::filesystem::perms;
-    std::error_code failed;
-    const auto status = std::filesystem::status(pathOf(path), failed);
-    constexpr perms kAnyWrite = perms::owner_write | perms::group_write | perms::others_write;
-    return !failed && std::filesystem::exists(status) &&
-           (status.permissions() & kAnyWrite) == perms::none;
-}
-
 }  // namespace
 
 bool isModelName(const std::u16string& name) {
@@ -230,7 +220,7 @@ std::optional<std::vector<ProjectEntry>> readProject(const std::u16string& path,
 
 bool writeProject(const std::u16string& path, const std::vector<ProjectEntry>& entries,
                   std::int64_t diskBytes, std::string& error) {
-    if (isReadOnly(path)) {
+    if (platform::isWriteProtected(path)) {
         error = complaint(path, texts::kReadOnly);
         return false;
     }

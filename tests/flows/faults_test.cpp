@@ -11,6 +11,7 @@
 #include "plugin/host_abi.h"
 #include "standin/core/project_archive.h"
 #include "tests/flows/flow_host.h"
+#include "tests/flows/window_closer.h"
 
 namespace {
 
@@ -65,6 +66,8 @@ class HostFault : public testing::TestWithParam<FaultCase> {};
 /// Neither crashes nor hangs, breaks no rule of the interface, loses no edit that it took, and is
 /// whole again with a whole host.
 TEST_P(HostFault, IsSurvived) {
+    // A host that does not answer windows has a user who sees them.
+    const WindowCloser user;
     FlowHost flow;
     const std::string function = GetParam().function;
     standin::Host& host = flow.host();

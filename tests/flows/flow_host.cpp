@@ -3,27 +3,48 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "platform/text.h"
+#include "platform/whole_file.h"
+
+namespace {
+
+void copyFile(const std::u16string& from, const std::u16string& to) {
+    platform::writeWholeFile(to, platform::readWholeFile(from).value_or(""));
+}
+
+}  // namespace
 
 void layOutPlugin(const TempFolder& folder) {
-    using std::filesystem::copy_options;
-    const std::filesystem::path target = folder / u"plugins";
-    std::error_code failed;  // where the folders lie on different disks
-    std::filesystem::copy(QUILLET_PLUGINS_FOLDER, target,
-                          copy_options::recursive | copy_options::create_hard_links, failed);
-    if (failed)
-        std::filesystem::copy(QUILLET_PLUGINS_FOLDER, target,
-                              copy_options::recursive | copy_options::overwrite_existing);
-    // What the plug-in writes may lie there from a run by hand.
-    for (const char16_t* file : {u"quillet/config.txt", u"quillet/LastPath.txt"})
-        std::filesystem::remove(target / file);
+    namespace fs = std::filesystem;
+    const fs::path source = QUILLET_PLUGINS_FOLDER;
+    for (const auto& entry : fs::recursive_directory_iterator(source)) {
+        if (entry.is_directory())
+            continue;
+        const std::u16string name =
+            u"plugins/" + entry.path().lexically_relative(source).u16string();
+        // What the plug-in writes may lie there from a run by hand.
+        if (name.ends_with(u"/config.txt") || name.ends_with(u"/LastPath.txt"))
+            continue;
+        platform::createFolders(fs::path(folder / name).parent_path().u16string());
+        std::error_code failed;  // on another disk, or too far down for the standard library
+        fs::create_hard_link(entry.path(), folder / name, failed);
+        if (failed)
+            copyFile(entry.path().u16string(), folder / name);
+    }
 }
 
 FlowHost::FlowHost(const std::u16string& language, bool usesGeometryCache, Windows windows)
     : language_(language), usesGeometryCache_(usesGeometryCache), windows_(windows) {
+    layOutPlugin(folder_);
+    restart();
+}
+
+FlowHost::FlowHost(std::u16string_view inside, TempFolder::Way way)
+    : folder_(inside, way),
+      language_(u"en"),
+      usesGeometryCache_(false),
+      windows_(Windows::Answered) {
     layOutPlugin(folder_);
     restart();
 }
@@ -47,8 +68,8 @@ bool FlowHost::start(const std::vector<std::u16string>& sources) {
         if (source.starts_with(folder_ / u""))
             continue;
         paths.back() = folder_ / std::filesystem::path(source).filename().u16string();
-        if (!std::filesystem::exists(paths.back()))
-            std::filesystem::copy_file(source, paths.back());
+        if (!platform::fileExists(paths.back()))
+            copyFile(source, paths.back());
     }
     if (!host().isPluginLoaded() && !host().loadPlugin()) {
         ADD_FAILURE() << host().error();
@@ -150,8 +171,7 @@ std::string FlowHost::exportLog() {
     std::filesystem::path path(host().objects().files().front().path);
     path.replace_extension();
     path += "_IFC_LOG.txt";
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return platform::readWholeFile(path.u16string()).value_or("");
 }
 
 void FlowHost::answerMessage(const std::u16string& button) {

@@ -27,6 +27,8 @@ public:
 
     explicit FlowHost(const std::u16string& language = u"en", bool usesGeometryCache = false,
                       Windows windows = Windows::Answered);
+    /// inside, way: where its folder is, see TempFolder.
+    explicit FlowHost(std::u16string_view inside, TempFolder::Way way);
     ~FlowHost();
 
     standin::Host& host() { return *host_; }

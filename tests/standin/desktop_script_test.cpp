@@ -108,10 +108,12 @@ TEST(DesktopScripts, LetWindowsBeAnsweredOnlyWhenToldTo) {
     const auto isExported = [] { return platform::mainModuleSymbol("answer_window") != nullptr; };
     Desktop desktop;
     const std::string load =
-        "load \"" + platform::toUtf8(desktop.playground().pluginPath()) + "\"\n";
+        "load \"" + std::filesystem::path(desktop.playground().pluginPath()).generic_string() +
+        "\"\n";
     for (const bool isAnswered : {false, true, false}) {
         const std::string choice = isAnswered ? "on\n" : "off\n";
-        EXPECT_EQ(ran(desktop, "answered-windows " + choice + load).front(), '0');
+        EXPECT_EQ(ran(desktop, "answered-windows " + choice + load),
+                  std::string(kHeld) + "0, failed: 0\n");
         EXPECT_EQ(isExported(), isAnswered);
         EXPECT_EQ(desktop.plugin().host.answer_window != nullptr, isAnswered);
     }

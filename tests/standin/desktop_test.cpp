@@ -560,7 +560,7 @@ TEST(DesktopDialogs, SavingAsksForANameOrAFolder) {
              });
     EXPECT_TRUE(isAnswered);
     EXPECT_TRUE(std::filesystem::is_directory(
-        standin::pathOf(std::u16string(functions.get_save_dialog_name(handle)))));
+        std::filesystem::path(std::u16string(functions.get_save_dialog_name(handle)))));
     inDialog([&] { isAnswered = functions.save_dialog(handle, false); },
              [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_FALSE(isAnswered);
@@ -618,7 +618,7 @@ TEST(DesktopLanguage, OpensTheProjectAgainWithWhatWasSaved) {
     EXPECT_EQ(desktop.playground().southWall().display.findSet({}, u"Finish")->rows[1].value,
               u"blue");
     // A file that is gone: nothing is lost.
-    std::filesystem::remove(standin::pathOf(desktop.host().project().path()));
+    std::filesystem::remove(std::filesystem::path(desktop.host().project().path()));
     inDialog([&] { choose(u"es"); }, [](QDialog&) {});
     EXPECT_EQ(desktop.host().language(), u"fr");
     EXPECT_EQ(desktop.selectedNames(), Names{u"West wall"});

@@ -19,10 +19,10 @@ class Playground {
 public:
     Playground() {
         namespace fs = std::filesystem;
-        const fs::path folder = standin::pathOf(programFolder()) / "plugins" / "quillet";
+        const fs::path folder = fs::path(programFolder()) / "plugins" / "quillet";
         fs::create_directories(folder);
         pluginPath_ = (folder / fs::path(RECORDING_PLUGIN).filename()).u16string();
-        fs::copy_file(RECORDING_PLUGIN, standin::pathOf(pluginPath_));
+        fs::copy_file(RECORDING_PLUGIN, fs::path(pluginPath_));
         host_ = std::make_unique<standin::Host>(
             standin::Host::Options{.programFolder = programFolder()});
     }

@@ -28,7 +28,7 @@ TEST(Projects, KeepModelsAndTheEntriesOfThePlugin) {
     Playground playground;
     standin::Host& host = playground.host();
     Recorder& plugin = playground.plugin();
-    std::filesystem::create_directory(standin::pathOf(playground.folder() / u"b"));
+    std::filesystem::create_directory(std::filesystem::path(playground.folder() / u"b"));
     ASSERT_TRUE(host.open(
         {playground.house(u"H\u00E4user 1.ifc"), playground.house(u"b/H\u00E4user 1.ifc")}))
         << host.error();
@@ -81,10 +81,11 @@ TEST(Projects, SurviveASaveThatFails) {
     EXPECT_FALSE(host.save(playground.folder() / u"no/such/folder.ahx"));
     EXPECT_FALSE(host.save(playground.house()));
     EXPECT_TRUE(playground.folder().read(u"Haus am S\u00FCdhang.ifc").starts_with("ISO-10303-21"));
-    std::filesystem::permissions(standin::pathOf(project), std::filesystem::perms::owner_read);
+    std::filesystem::permissions(std::filesystem::path(project),
+                                 std::filesystem::perms::owner_read);
     EXPECT_FALSE(host.save());
     EXPECT_EQ(platform::readWholeFile(project), before);
-    std::filesystem::permissions(standin::pathOf(project), std::filesystem::perms::owner_all);
+    std::filesystem::permissions(std::filesystem::path(project), std::filesystem::perms::owner_all);
     EXPECT_TRUE(host.save());
     EXPECT_EQ(readEntry(plugin, u"Data.xml"), "new");
     EXPECT_FALSE(host.needsSave());

@@ -1,0 +1,7 @@
+#include "platform/host_loop.h"
+
+namespace platform {
+
+void putBackQuitRequest() {}
+
+}  // namespace platform
