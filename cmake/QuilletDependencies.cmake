@@ -25,11 +25,24 @@ set(QUILLET_GOOGLETEST_DIR /usr/src/googletest CACHE PATH "Sources of GoogleTest
 set(INSTALL_GTEST OFF)
 add_subdirectory("${QUILLET_GOOGLETEST_DIR}" googletest EXCLUDE_FROM_ALL SYSTEM)
 
-# Qt 5 for the windows: Qt5::Widgets, Qt5::UiTools and, for tests, Qt5::Test. Cross-builds go without
-# when there is none for their target; the plug-in then has no windows to edit in.
+# Qt 5 for the windows: Qt5::Widgets and, for tests, Qt5::Test. Cross-builds go without when there is
+# none for their target; the plug-in then has no window to edit many objects in. Qt5::UiTools, which
+# reads forms, is used where it is to be had.
 if(CMAKE_CROSSCOMPILING)
-    find_package(Qt5 COMPONENTS Widgets UiTools Test QUIET)
+    find_package(Qt5 COMPONENTS Widgets QUIET)
+    if(Qt5_FOUND)
+        find_library(QUILLET_QT_TEST Qt5Test REQUIRED)
+        mark_as_advanced(QUILLET_QT_TEST)
+        add_library(Qt5::Test STATIC IMPORTED)
+        set_target_properties(
+            Qt5::Test PROPERTIES IMPORTED_LOCATION "${QUILLET_QT_TEST}"
+                                 INTERFACE_INCLUDE_DIRECTORIES
+                                 "${QUILLET_WIN_DEPS}/include;${QUILLET_WIN_DEPS}/include/QtTest"
+                                 INTERFACE_LINK_LIBRARIES Qt5::Widgets)
+    endif()
 else()
-    find_package(Qt5 COMPONENTS Widgets UiTools Test REQUIRED)
+    find_package(Qt5 COMPONENTS Widgets Test REQUIRED)
 endif()
+find_package(Qt5UiTools QUIET)
 set(QUILLET_HAS_QT ${Qt5_FOUND})
+set(QUILLET_HAS_UITOOLS ${Qt5UiTools_FOUND})

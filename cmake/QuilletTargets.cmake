@@ -12,6 +12,11 @@
 #   quillet_test_on_x11(<target> [<filter>])
 #       runs the tests of a GoogleTest program, or those that the filter names, once more on a
 #       display server of their own, where focus and grabs are real
+#   quillet_add_x11_test(<name> COMMAND ... [ENVIRONMENT NAME=VALUE...] [NEEDS <variable>...])
+#       a test of ctest that has a display server of its own, for Windows programs too; NEEDS: what
+#       find_program has to have found
+#   quillet_version_resource(<target> <description>)
+#       what Windows shows of a program or library: icon, version, description; elsewhere nothing
 #   quillet_fuzzer(<name>_fuzzer SOURCES ... [PRIVATE <libs>...])
 #       defines LLVMFuzzerTestOneInput. libFuzzer drives it in a build with QUILLET_FUZZ. In all
 #       others fuzz/replay_main.cpp does, which runs the files of the folders that it is given, and
@@ -95,6 +100,26 @@ function(quillet_executable target)
     target_link_libraries(${target} PRIVATE quillet_executable_options ${arg_PRIVATE})
 endfunction()
 
+function(quillet_version_resource target description)
+    if(NOT WIN32)
+        return()
+    endif()
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE")
+        set(file_type VFT_APP)
+        set(file_name "${target}.exe")
+        set(manifest "1 24 \"${PROJECT_SOURCE_DIR}/cmake/windows/program.manifest\"")
+    else()
+        set(file_type VFT_DLL)
+        set(file_name "${target}.dll")
+    endif()
+    string(REPLACE "." "," version_numbers "${PROJECT_VERSION}.0")
+    set(icon "${PROJECT_SOURCE_DIR}/data/plugins/quillet/quillet_data/edit.ico")
+    set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/windows/version.rc.in" "${resource}" @ONLY)
+    target_sources(${target} PRIVATE "${resource}")
+endfunction()
+
 function(quillet_test target)
     _quillet_arguments()
     quillet_executable(${target} SOURCES ${arg_SOURCES} PRIVATE ${arg_PRIVATE} GTest::gmock_main)
@@ -126,26 +151,38 @@ function(quillet_test target)
 endfunction()
 
 function(quillet_test_on_x11 target)
-    find_program(QUILLET_XVFB_RUN xvfb-run)
-    mark_as_advanced(QUILLET_XVFB_RUN)
     set(filter "*")
     if(ARGC GREATER 1)
         set(filter "${ARGV1}")
     endif()
-    if(QUILLET_XVFB_RUN)
-        add_test(NAME ${target}_on_x11
-                 COMMAND "${QUILLET_XVFB_RUN}" -a -s "-screen 0 1600x1200x24"
-                         $<TARGET_FILE:${target}> --gtest_filter=${filter})
-    else()  # shows as "not run"
-        add_test(NAME ${target}_on_x11 COMMAND xvfb-run)
-        set_tests_properties(${target}_on_x11 PROPERTIES DISABLED ON)
+    quillet_add_x11_test(
+        ${target}_on_x11
+        COMMAND $<TARGET_FILE:${target}> --gtest_filter=${filter}
+        ENVIRONMENT QT_QPA_PLATFORM=xcb)
+endfunction()
+
+function(quillet_add_x11_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;ENVIRONMENT;NEEDS")
+    find_program(QUILLET_XVFB_RUN xvfb-run)
+    mark_as_advanced(QUILLET_XVFB_RUN)
+    if(CMAKE_CROSSCOMPILING)
+        set(run_on_x11 "${PROJECT_SOURCE_DIR}/cmake/windows/run-wine-x11")
+    else()
+        set(run_on_x11 "${QUILLET_XVFB_RUN}" -a -s "-screen 0 1600x1200x24")
     endif()
+    add_test(NAME ${name} COMMAND ${run_on_x11} ${arg_COMMAND})
     # Two that start at once would fight over a display number. X libraries hand over texts without
     # an end, which AddressSanitizer would take for a fault.
     set_tests_properties(
-        ${target}_on_x11
-        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=xcb;ASAN_OPTIONS=strict_string_checks=0"
+        ${name}
+        PROPERTIES ENVIRONMENT
+                   "QUILLET_WIN_DEPS=${QUILLET_WIN_DEPS};ASAN_OPTIONS=strict_string_checks=0;${arg_ENVIRONMENT}"
                    TIMEOUT 600 LABELS "gui;slow" RESOURCE_LOCK x11)
+    foreach(program IN ITEMS QUILLET_XVFB_RUN ${arg_NEEDS})
+        if(NOT ${program})  # shows as "not run"
+            set_tests_properties(${name} PROPERTIES DISABLED ON)
+        endif()
+    endforeach()
 endfunction()
 
 function(quillet_fuzzer target)

@@ -62,17 +62,25 @@ private:
     const bool wasOpened_ = isOpen_;
 };
 
-/// The two bars of the host's progress window; hidden at the end.
+/// The two bars of the host's progress window, or of ours when the host has none; hidden at the
+/// end.
 class ExportProgress {
 public:
-    explicit ExportProgress(const HostCalls& host)
+    ExportProgress(const HostCalls& host, const ExportOptions& options)
         : host_(host), overallLabel_(host.text(texts::kOverallProgressLabelKey)) {
-        host_.showProgressBar(true, host_.text(texts::kProgressCaptionKey));
-        host_.updateProgressBar(0, overallLabel_, 0, host_.text(texts::kCurrentProgressLabelKey));
+        const std::u16string title = host_.text(texts::kProgressCaptionKey);
+        if (options.openProgress && !host_.hasProgressBar())
+            own_ = options.openProgress(title);
+        if (!own_)
+            host_.showProgressBar(true, title);
+        currentLabel_ = host.text(texts::kCurrentProgressLabelKey);
+        show(0);
     }
     ~ExportProgress() {
-        host_.updateProgressBar(100, overallLabel_, 100, currentLabel_);
-        host_.showProgressBar(false, {});
+        overallPercent_ = 100;
+        show(100);
+        if (!own_)
+            host_.showProgressBar(false, {});
     }
     ExportProgress(const ExportProgress&) = delete;
     ExportProgress& operator=(const ExportProgress&) = delete;
@@ -86,16 +94,28 @@ public:
         show(0);
     }
     void show(int currentPercent) const {
-        host_.updateProgressBar(static_cast<std::int32_t>(overallPercent_), overallLabel_,
-                                currentPercent, currentLabel_);
+        const auto overallPercent = static_cast<std::int32_t>(overallPercent_);
+        if (own_)
+            own_->show(overallPercent, overallLabel_, currentPercent, currentLabel_);
+        else
+            host_.updateProgressBar(overallPercent, overallLabel_, currentPercent, currentLabel_);
     }
+    /// Whether the user has pressed "cancel" since the last time.
+    bool takeCancel() const { return own_ && own_->takeCancel(); }
 
 private:
     const HostCalls& host_;
     const std::u16string overallLabel_;
+    std::unique_ptr<ProgressView> own_;
     std::u16string currentLabel_;
     double overallPercent_ = 0;
 };
+
+bool mayCancel() {
+    return platform::showMessageBox(
+               texts::kCancelQuestion, texts::kCancelCaption, platform::MessageButtons::YesNo,
+               platform::MessageIcon::Question) == platform::MessageAnswer::Yes;
+}
 
 class Export {
 public:
@@ -194,7 +214,7 @@ private:
 
     /// @return how many files were written.
     std::size_t exportAll(const std::vector<ExportJob>& jobs, const ExportLog& log) {
-        ExportProgress progress(session_.host);
+        ExportProgress progress(session_.host, options_);
         const double step = 50.0 / static_cast<double>(jobs.size());
         double overall = 0;
         std::size_t written = 0;
@@ -208,6 +228,8 @@ private:
             } catch (const std::exception& fault) {
                 session_.reporter.report("", platform::fromUtf8(fault.what()));
             }
+            if (isCancelled_)
+                break;
             overall = end;
         }
         return written;
@@ -221,14 +243,17 @@ private:
             return false;
         }
         ModelParser parser(session_.reporter.callback(), parserOptions(progress, log));
-        if (!parser.load(job.source))
+        if (!parser.load(job.source)) {
+            isCancelled_ = parser.state() == ModelParser::State::Cancelled;
             return false;
+        }
         if (const FileEdits* edits = session_.store.find(job.source))
             applyEdits(*parser.model(), *edits, session_.reporter.callback());
         progress.beginStep(writePercent, texts::kSavingFileKey, job.target);
-        ModelWriter writer(session_.reporter.callback(), [&progress](int percent, int) {
+        ModelWriter writer(session_.reporter.callback(), [this, &progress](int percent, int) {
             progress.show(percent);
-            return true;
+            isCancelled_ = progress.takeCancel() && mayCancel();
+            return !isCancelled_;
         });
         if (!writer.write(*parser.model(), job.target))
             return false;
@@ -260,7 +285,7 @@ private:
                 done = kPassPercent;  // the second pass
             last = percent;
             progress.show((done + percent) * 100 / (2 * kPassPercent));
-            return true;
+            return !progress.takeCancel();  // the parser asks whether that is meant
         };
         options.log = log.file();
         return options;
@@ -280,6 +305,7 @@ private:
 
     EditSession& session_;
     const ExportOptions& options_;
+    bool isCancelled_ = false;
 };
 
 }  // namespace

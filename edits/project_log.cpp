@@ -22,6 +22,33 @@ namespace {
 
 using Numbers = std::map<std::int32_t, std::int32_t>;
 
+/// Counts the steps for whoever shows them.
+class StepCounter {
+public:
+    /// tell: borrowed. steps: of all the work.
+    StepCounter(const LogProgressCallback& tell, std::size_t steps) : tell_(tell) {
+        progress_.ofAll.total = steps;
+    }
+
+    /// file: borrowed until the next part begins.
+    void begin(LogProgress::Part part, std::u16string_view file, std::size_t steps) {
+        progress_.part = part;
+        progress_.file = file;
+        progress_.ofPart = {.done = 0, .total = steps};
+        advance(0);
+    }
+    void advance(std::size_t steps = 1) {
+        for (LogProgress::Count* count : {&progress_.ofPart, &progress_.ofAll})
+            count->done = std::min(count->done + steps, count->total);
+        if (tell_)
+            tell_(progress_);
+    }
+
+private:
+    const LogProgressCallback& tell_;
+    LogProgress progress_;
+};
+
 /// Finds the host's objects by GUID and file.
 class ObjectFinder {
 public:
@@ -81,11 +108,14 @@ public:
         }
     }
 
+    /// All but the deleted sets.
     void update() {
         for (const auto& set : object_.newSets)
             putSet(*set);
         for (const auto& set : object_.editedSets)
             changeSet(*set);
+    }
+    void removeSets() {
         for (const auto& set : object_.deletedSets)
             send(kHostRemove, *set, {}, {});
     }
@@ -204,12 +234,14 @@ private:
 };
 
 /// Finds the host's object for each edited object of a file. @return how many there are not.
-std::size_t assignObjects(FileEdits& file, HostObjectId fileId, ObjectFinder& finder) {
+std::size_t assignObjects(FileEdits& file, HostObjectId fileId, ObjectFinder& finder,
+                          StepCounter& steps) {
     std::size_t unknown = 0;
     Numbers wanted;
     std::vector<std::pair<std::int32_t, HostObjectId>> found;
     for (const auto& [number, object] : file.objects) {
         const auto info = finder.find(object.objectGuid, fileId);
+        steps.advance();
         if (!info) {
             ++unknown;
             continue;
@@ -251,41 +283,93 @@ void followMovedNamesakes(EditSession& session, const std::vector<std::u16string
     }
 }
 
-void assignAndDisplay(EditSession& session, bool usesCache) {
+bool hasDeletedSets(const ObjectEdits& object) { return !object.deletedSets.empty(); }
+
+/// A file of the log.
+struct LoggedFile {
+    std::u16string key;
+    HostObjectId id = 0;  // 0 when the host does not tell
+    bool isLoaded = false;
+    bool isDisplayed = false;
+    std::size_t stepsToLoad = 0;
+    std::size_t stepsToDelete = 0;
+};
+
+std::vector<LoggedFile> loggedFiles(const EditSession& session, bool usesCache) {
+    constexpr FileNameOrder isBefore;
+    const std::u16string loadedKey = session.store.keyOf(session.host.loadedIfcPath());
+    std::vector<LoggedFile> files;
+    for (const auto& [key, edits] : session.store.files()) {
+        LoggedFile file{.key = key};
+        if (const LoadedFiles::File* loaded = session.files.findByKey(session.store, key)) {
+            file.id = loaded->id;
+            file.isLoaded = true;
+        } else {
+            file.isLoaded = !isBefore(key, loadedKey) && !isBefore(loadedKey, key);
+        }
+        file.isDisplayed = usesCache && edits.loggedAsCached;
+        file.stepsToLoad = edits.objects.size() * (file.isDisplayed ? 1 : 2);
+        if (!file.isDisplayed)
+            for (const auto& [number, object] : edits.objects)
+                file.stepsToDelete += hasDeletedSets(object) ? 1 : 0;
+        files.push_back(std::move(file));
+    }
+    return files;
+}
+
+void displayEdits(EditSession& session, const LoggedFile& file, const FileEdits& edits,
+                  StepCounter& steps) {
+    for (const auto& [number, object] : edits.objects) {
+        if (object.objectId != 0)
+            ObjectDisplay(session, number, object).update();
+        steps.advance();
+    }
+    if (file.stepsToDelete == 0)
+        return;
+    steps.begin(LogProgress::Part::Deleting, file.key, file.stepsToDelete);
+    for (const auto& [number, object] : edits.objects) {
+        if (!hasDeletedSets(object))
+            continue;
+        if (object.objectId != 0)
+            ObjectDisplay(session, number, object).removeSets();
+        steps.advance();
+    }
+}
+
+void assignAndDisplay(EditSession& session, bool usesCache, const LogProgressCallback& progress) {
     ObjectFinder finder(session.host);
     Unassigned unassigned;
-    const std::u16string loadedKey = session.store.keyOf(session.host.loadedIfcPath());
-    std::vector<std::u16string> keys;
-    for (const auto& [key, entry] : session.store.files())
-        keys.push_back(key);
-    for (const std::u16string& key : keys) {
-        const LoadedFiles::File* loaded = session.files.findByKey(session.store, key);
-        constexpr FileNameOrder isBefore;
-        const bool isLoaded = loaded || (!isBefore(key, loadedKey) && !isBefore(loadedKey, key));
-        FileEdits& file = session.store.open(key);
-        if (!isLoaded) {
-            if (!file.objects.empty())
-                unassigned.addFile(key);
+    const std::vector<LoggedFile> files = loggedFiles(session, usesCache);
+    std::size_t all = 0;
+    for (const LoggedFile& file : files)
+        if (file.isLoaded)
+            all += file.stepsToLoad + file.stepsToDelete;
+    StepCounter steps(progress, all);
+    for (const LoggedFile& file : files) {
+        FileEdits& edits = session.store.open(file.key);
+        if (edits.objects.empty())
+            continue;
+        if (!file.isLoaded) {
+            unassigned.addFile(file.key);
             continue;
         }
-        unassigned.addObjects(key, assignObjects(file, loaded ? loaded->id : 0, finder));
-        if (usesCache && file.loggedAsCached)
-            continue;
-        for (const auto& [number, object] : file.objects)
-            if (object.objectId != 0)
-                ObjectDisplay(session, number, object).update();
+        steps.begin(LogProgress::Part::Loading, file.key, file.stepsToLoad);
+        unassigned.addObjects(file.key, assignObjects(edits, file.id, finder, steps));
+        if (!file.isDisplayed)
+            displayEdits(session, file, edits, steps);
     }
     unassigned.report(session.reporter);
 }
 
 /// The edits of a loaded file with the GUIDs and numbers that the host has for their objects. An
 /// object that the host knows without a GUID is left out.
-FileEdits asHostKnows(const HostCalls& host, const FileEdits& file) {
+FileEdits asHostKnows(const HostCalls& host, const FileEdits& file, StepCounter& steps) {
     Numbers wanted;
     std::set<std::int32_t> withoutGuid;
     FileEdits current = file;
     for (const auto& [number, object] : file.objects) {
         const auto info = object.objectId != 0 ? host.objectInfo2(object.objectId) : std::nullopt;
+        steps.advance();
         if (!info)
             continue;
         if (info->guid.empty())
@@ -304,17 +388,28 @@ FileEdits asHostKnows(const HostCalls& host, const FileEdits& file) {
     return renumbered(known, std::move(wanted));
 }
 
-/// The fragments of all files, in the order in which they are written.
-std::vector<std::string> fragments(EditSession& session,
-                                   const GeometryCacheReader& usesGeometryCache) {
+/// The whole log as it is written.
+struct LogTexts {
+    std::vector<std::string> fragments;  // in their order
+    /// Path of each loaded file with edits, and whether the log calls it cached.
+    std::vector<std::pair<std::u16string, bool>> cached;
+};
+
+LogTexts logTexts(EditSession& session, const GeometryCacheReader& usesGeometryCache,
+                  const LogProgressCallback& progress) {
+    using Part = LogProgress::Part;
     const HostCalls& host = session.host;
-    std::vector<std::string> texts;
+    LogTexts log;
     std::set<std::u16string, FileNameOrder> written;
     const std::vector<HostObjectId> ids = host.children(host.allObjectsId());
     const bool isTableComplete = std::all_of(
         ids.begin(), ids.end(), [&](HostObjectId id) { return session.files.find(id); });
     if (!isTableComplete)
         session.files.refresh(host, session.store);
+    std::size_t all = 0;
+    for (const auto& [key, file] : session.store.files())
+        all += file.objects.size();
+    StepCounter steps(progress, all);
     for (const HostObjectId id : ids) {
         const std::u16string path = host.projectPath(id);
         if (path.empty()) {
@@ -328,17 +423,24 @@ std::vector<std::string> fragments(EditSession& session,
             continue;
         const bool isCached = usesGeometryCache && usesGeometryCache(path);
         const FileEdits* file = session.store.find(path);
-        texts.push_back(
-            editLogFragment(key, isCached, file ? asHostKnows(host, *file) : FileEdits()));
-        if (file)
-            session.store.open(path).loggedAsCached = isCached;
+        if (!file) {
+            log.fragments.push_back(editLogFragment(key, isCached, FileEdits()));
+            continue;
+        }
+        steps.begin(Part::Saving, key, file->objects.size());
+        log.fragments.push_back(editLogFragment(key, isCached, asHostKnows(host, *file, steps)));
+        log.cached.emplace_back(path, isCached);
     }
-    for (const auto& [key, file] : session.store.files())
-        if (!written.contains(key) && !file.objects.empty())
-            texts.push_back(editLogFragment(key, file.loggedAsCached, file));
+    for (const auto& [key, file] : session.store.files()) {
+        if (written.contains(key) || file.objects.empty())
+            continue;
+        steps.begin(Part::Saving, key, file.objects.size());
+        log.fragments.push_back(editLogFragment(key, file.loggedAsCached, file));
+        steps.advance(file.objects.size());
+    }
     for (const std::string& text : session.unreadLog.texts)
-        texts.push_back(unreadComment(text));
-    return texts;
+        log.fragments.push_back(unreadComment(text));
+    return log;
 }
 
 bool mayOverwrite() {
@@ -349,7 +451,8 @@ bool mayOverwrite() {
 
 }  // namespace
 
-void loadProjectLog(EditSession& session, const GeometryCacheReader& usesGeometryCache) {
+void loadProjectLog(EditSession& session, const GeometryCacheReader& usesGeometryCache,
+                    const LogProgressCallback& progress) {
     const ErrorReporter::Collecting collecting(session.reporter);
     session.store = PendingEdits();
     session.files.keepNamesakesApart(session.store);
@@ -378,17 +481,21 @@ void loadProjectLog(EditSession& session, const GeometryCacheReader& usesGeometr
     }
     followMovedNamesakes(session, fileNames);
     const bool usesCache = usesGeometryCache && usesGeometryCache(session.host.loadedIfcPath());
-    assignAndDisplay(session, usesCache);
+    assignAndDisplay(session, usesCache, progress);
 }
 
-bool saveProjectLog(EditSession& session, const GeometryCacheReader& usesGeometryCache) {
+bool saveProjectLog(EditSession& session, const GeometryCacheReader& usesGeometryCache,
+                    const LogProgressCallback& progress) {
     const ErrorReporter::Collecting collecting(session.reporter);
     if (session.unreadLog.isUnreadable && !mayOverwrite())
         return false;
+    const LogTexts log = logTexts(session, usesGeometryCache, progress);
     if (!session.host.beginWriteEntry(texts::kProjectLogEntry))
         return false;
-    for (const std::string& fragment : fragments(session, usesGeometryCache))
+    for (const std::string& fragment : log.fragments)
         session.host.writeEntry(fragment);
+    for (const auto& [path, isCached] : log.cached)
+        session.store.open(path).loggedAsCached = isCached;
     session.unreadLog.isUnreadable = false;
     return true;
 }

@@ -32,6 +32,7 @@ inline constexpr std::u16string_view kNoScreen =
 inline constexpr const char16_t* kInputErrorCaption = u"Error!";
 inline constexpr const char* kValueLabelKey = "valueLabel";
 inline constexpr const char* kUnitLabelKey = "unitLabel";
+inline constexpr const char* kNoPropertyWindow = "The property window: Windows error ";
 inline constexpr const char* kUnitNotOfQuantityKey = "unit_not_of_quantity";
 
 // Files of the plug-in's folder.

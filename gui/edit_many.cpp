@@ -15,6 +15,7 @@
 #include "gui/loading_dialog.h"
 #include "gui/qt_text.h"
 #include "ifc/io/log_file.h"
+#include "platform/host_loop.h"
 #include "platform/message_box.h"
 #include "platform/text.h"
 
@@ -121,7 +122,11 @@ void EditMany::runWindow(const std::vector<std::uint64_t>& objects,
         state.lastAddingPolicy = policy;
         state.lastAction = kActionEditMany;
     };
-    const auto endLoop = [&] { isOwnApplication ? QCoreApplication::exit() : localLoop.exit(); };
+    bool hasEnded = false;
+    const auto endLoop = [&] {
+        hasEnded = true;
+        isOwnApplication ? QCoreApplication::exit() : localLoop.exit();
+    };
     EditManyGui window(host_, pluginFolder_,
                        {.apply = apply, .storePolicy = storePolicy, .endLoop = endLoop});
     connect(&window, &EditManyGui::ShowLoadingDialogSignal, this, &EditMany::ShowProgressBar,
@@ -134,6 +139,8 @@ void EditMany::runWindow(const std::vector<std::uint64_t>& objects,
     window.show();
     state.loadingDialog->show();
     isOwnApplication ? QApplication::exec() : localLoop.exec();
+    if (isOwnApplication && !hasEnded)  // the program is to end
+        platform::putBackQuitRequest();
     storePolicy(window.addingPolicy());
 }
 

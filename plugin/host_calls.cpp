@@ -303,6 +303,10 @@ std::u16string HostCalls::saveDialogName() const {
     return function ? textOf(function(handle_)) : std::u16string();
 }
 
+bool HostCalls::hasProgressBar() const {
+    return QUILLET_FUNCTION(show_progress_bar) && QUILLET_FUNCTION(update_progress_bar);
+}
+
 void HostCalls::showProgressBar(bool show, const std::u16string& caption) const {
     if (const auto function = QUILLET_FUNCTION(show_progress_bar))
         function(handle_, show, false, caption.c_str());

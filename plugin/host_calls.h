@@ -119,6 +119,8 @@ public:
     void setSaveDialogDefaultExtension(const std::u16string& extension) const;
     bool saveDialog(bool severalFiles) const;
     std::u16string saveDialogName() const;
+    /// Whether the host both shows a progress window and keeps it up to date.
+    bool hasProgressBar() const;
     void showProgressBar(bool show, const std::u16string& caption) const;
     void updateProgressBar(std::int32_t overallPercent, const std::u16string& overallLabel,
                            std::int32_t currentPercent, const std::u16string& currentLabel) const;

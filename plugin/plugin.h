@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -8,10 +9,13 @@
 #include "edits/command_history.h"
 #include "edits/edit_session.h"
 #include "edits/editing_windows.h"
+#include "platform/main_module.h"
 #include "plugin/host_api.h"
+#include "plugin/log_progress.h"
 #include "plugin/plugin_base.h"
 #include "plugin/ribbon.h"
 #include "plugin/settings.h"
+#include "plugin/system_windows.h"
 
 class EditFlows;
 
@@ -19,8 +23,11 @@ class EditFlows;
 /// process is gone then too.
 class Plugin : public cpp::PluginBase {
 public:
-    /// api: borrowed.
-    explicit Plugin(const HostApi& api);
+    /// api: borrowed. windows: null where there are none. modulePath: of the library that the
+    /// plug-in is in; its files lie beside it.
+    explicit Plugin(const HostApi& api,
+                    std::unique_ptr<SystemWindows> windows = makeSystemWindows(),
+                    const std::u16string& modulePath = platform::ownModulePath());
 
     // Slot order is fixed.
     ~Plugin() override;
@@ -37,14 +44,6 @@ public:
     void faultCaught(const char* what) noexcept override;
 
 private:
-    /// The captions of the progress window.
-    struct ProgressTexts {
-        std::u16string overall;
-        std::u16string loading;
-        std::u16string deleting;
-        std::u16string saving;
-    };
-
     /// The texts of the IFC library come from the host while this lives.
     class LibraryTexts {
     public:
@@ -61,8 +60,18 @@ private:
     EditFlows flows();
     void exportModels();
     void openRecentFile();
-    void toggle(bool& option, HostButtonId checkBox);
+    /// option: by its number (plugin.cpp).
+    void setOption(std::size_t option, bool isOn);
+    void showOptions();
     std::u16string optionsPath() const;
+    /// Windows that nobody sees would wait for ever: null with a host that answers for its user.
+    SystemWindows* systemWindows();
+    /// A window for work that takes long; null where there is none. cancel: caption of the button,
+    /// empty when there is to be none.
+    std::unique_ptr<IFC::ProgressView> progressWindow(const std::u16string& title,
+                                                      const std::u16string& cancel);
+    /// Runs work on the edit log with such a window.
+    void withLogProgress(const std::function<void(const IFC::LogProgressCallback& progress)>& work);
     bool usesGeometryCache();
 
     IFC::EditSession session_;
@@ -73,4 +82,6 @@ private:
     std::u16string hostConfigPath_;
     LibraryTexts libraryTexts_;
     std::unique_ptr<IFC::EditingWindows> windows_;
+    std::unique_ptr<SystemWindows> systemWindows_;
+    bool areOptionsOpen_ = false;
 };

@@ -3,7 +3,6 @@
 #include <cassert>
 #include <utility>
 
-#include "platform/main_module.h"
 #include "platform/message_box.h"
 #include "platform/text.h"
 #include "plugin/host_api.h"
@@ -47,13 +46,13 @@ bool forwardMessage() noexcept {
 
 }  // namespace
 
-PluginBase::PluginBase(const HostApi& api, std::u16string displayName)
+PluginBase::PluginBase(const HostApi& api, std::u16string displayName,
+                       const std::u16string& modulePath)
     : host_(api),
       languageFilePrefix_(texts::kLanguageFilePrefix),
       warningCaption_(texts::kCaption),
       warningText_(texts::kNoLanguageFile),
       displayName_(std::move(displayName)) {
-    const std::u16string modulePath = platform::ownModulePath();
     dataFolder_ = paths::defaultDataFolder(modulePath);
     moduleFolder_ = paths::folderOf(modulePath);
     assert(!currentPlugin());

@@ -18,7 +18,8 @@ namespace cpp {
 class PluginBase {
 public:
     /// api: borrowed, as are all its functions. displayName: the plug-in's name for the user.
-    PluginBase(const HostApi& api, std::u16string displayName);
+    /// modulePath: of the library that the plug-in is in.
+    PluginBase(const HostApi& api, std::u16string displayName, const std::u16string& modulePath);
     PluginBase(const PluginBase&) = delete;
     PluginBase& operator=(const PluginBase&) = delete;
 

@@ -69,6 +69,10 @@ inline constexpr std::u16string_view kOpenImage = u"open.png";
 inline constexpr std::u16string_view kOpenSmallImage = u"open_small.png";
 inline constexpr std::u16string_view kOptionsImage = u"options.ico";
 
+// Options window.
+inline constexpr const char* kCloseKey = "btnCloseName";
+inline constexpr std::u16string_view kOptionsWindowFailed = u"Options Window Creation Failed!";
+
 // Progress window.
 inline constexpr const char* kOverallProgressKey = "progress_bar_overall_progrss";  // sic
 inline constexpr const char* kLoadingKey = "progress_bar_loading";

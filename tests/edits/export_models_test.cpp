@@ -21,6 +21,30 @@ using Texts = std::vector<std::string>;
 constexpr std::string_view kProject =
     "#1=IFCPROJECT('2O2Fr$t4X7Zf8NOew3FNr2',$,'p',$,$,$,$,$,$);\n";
 
+using OpenProgress = decltype(ExportOptions::openProgress);
+
+/// A user who presses "cancel" once, when he has been asked so often.
+class ImpatientUser : public ProgressView {
+public:
+    ImpatientUser(int patience, bool& hasCancelled)
+        : patience_(patience), hasCancelled_(hasCancelled) {}
+    void show(int, const std::u16string&, int, const std::u16string&) noexcept override {}
+    bool takeCancel() noexcept override {
+        hasCancelled_ |= patience_ == 0;
+        return patience_-- == 0;
+    }
+
+    static OpenProgress after(int questions, bool& hasCancelled) {
+        return [questions, &hasCancelled](const std::u16string&) {
+            return std::make_unique<ImpatientUser>(questions, hasCancelled);
+        };
+    }
+
+private:
+    int patience_;
+    bool& hasCancelled_;
+};
+
 class ExportModels : public testing::Test {
 protected:
     ExportModels()
@@ -47,9 +71,12 @@ protected:
         session_.store.addPropertySet(target, set);
     }
     /// What was shown, each "caption|text".
-    Texts run(platform::MessageAnswer answer = platform::MessageAnswer::No) {
+    Texts run(platform::MessageAnswer answer = platform::MessageAnswer::No,
+              const OpenProgress& openProgress = {}) {
         AnsweredMessages boxes(answer);
-        exportModels(session_, {.ignoreEnumerationErrors = true, .pluginFolder = folder_ / u""});
+        exportModels(session_, {.ignoreEnumerationErrors = true,
+                                .pluginFolder = folder_ / u"",
+                                .openProgress = openProgress});
         return boxes.entries;
     }
     bool exists(std::u16string_view name) { return platform::fileExists(folder_ / name); }
@@ -153,6 +180,47 @@ TEST_F(ExportModels, AVanishedFileDoesNotStopTheOthers) {
     host_.saveName = folder_ / u"";
     EXPECT_EQ(run(), kWarning);
     EXPECT_TRUE(exists(u"b_edited.ifc"));
+}
+
+TEST_F(ExportModels, CancelledAnywhereLeavesWholeFilesOnly) {
+    load(u"a.ifc");
+    load(u"b.ifc");
+    host_.saveName = folder_ / u"";
+    host_.messageAnswer = 6;
+    const Texts question = {"Cancel|Are you sure you want to cancel?"};
+    bool hasCancelled = true;
+    int written = 0;
+    for (int questions = 0; hasCancelled; ++questions) {
+        for (const char16_t* const target : {u"a_edited.ifc", u"b_edited.ifc"})
+            folder_.write(target, "old");
+        hasCancelled = false;
+        const Texts boxes =
+            run(platform::MessageAnswer::Yes, ImpatientUser::after(questions, hasCancelled));
+        EXPECT_EQ(boxes, hasCancelled ? question : Texts()) << questions;
+        const bool isFirstWritten = folder_.read(u"a_edited.ifc") != "old";
+        const bool isSecondWritten = folder_.read(u"b_edited.ifc") != "old";
+        EXPECT_EQ(isSecondWritten, !hasCancelled) << questions;
+        EXPECT_TRUE(isFirstWritten || !isSecondWritten) << questions;
+        for (const char16_t* const target : {u"a_edited.ifc", u"b_edited.ifc"}) {
+            const std::string text = folder_.read(target);
+            EXPECT_TRUE(text == "old" || text.ends_with("END-ISO-10303-21;\n")) << questions;
+        }
+        EXPECT_EQ(folder_.count(), 4 + (written > 0 || isFirstWritten ? 1 : 0)) << questions;
+        written += isFirstWritten ? 1 : 0;
+    }
+    EXPECT_GT(written, 2) << "also while the second was in hand";
+}
+
+TEST_F(ExportModels, GoesOnWhenTheCancelWasNotMeant) {
+    load(u"a.ifc");
+    host_.saveName = folder_ / u"mine.ifc";
+    bool hasCancelled = true;
+    for (int questions = 0; hasCancelled; ++questions) {
+        hasCancelled = false;
+        run(platform::MessageAnswer::No, ImpatientUser::after(questions, hasCancelled));
+        EXPECT_TRUE(exists(u"mine.ifc")) << questions;
+        platform::removeFile(folder_ / u"mine.ifc");
+    }
 }
 
 TEST_F(ExportModels, MayReplaceTheFileThatWasChosenByItsName) {

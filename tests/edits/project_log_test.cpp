@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "edits/edit_log.h"
 #include "edits/object_numbers.h"
 #include "tests/edits/fake_host.h"
@@ -187,6 +189,46 @@ TEST_F(ProjectLog, ThatTheHostDoesNotHandOverIsOnlyOverwrittenWhenTheUserAgrees)
     }
     AnsweredMessages yes(platform::MessageAnswer::Yes);
     EXPECT_EQ(saved(), fileXml("a.ifc", "") + fileXml("b.ifc", ""));
+}
+
+TEST_F(ProjectLog, StaysAsItIsWhenSavingFailsOnTheWay) {
+    const std::string log = fileXml("a.ifc", setXml("N", "1", "oA", "21", "New"));
+    load(log);
+    const auto fail = [](const LogProgress&) { throw std::bad_alloc(); };
+    EXPECT_THROW(saveProjectLog(session_, {}, fail), std::bad_alloc);
+    EXPECT_EQ(*host_.entry, log);
+    EXPECT_EQ(saved(), log + fileXml("b.ifc", ""));
+}
+
+TEST_F(ProjectLog, CountsTheStepsOfEachPart) {
+    host_.objects[13] = {1, "oC", 23, {}};
+    const std::string deleted = setXml("D", "2", "oC", "23", "Deleted");
+    host_.entry = fileXml("a.ifc", setXml("N", "1", "oA", "21", "New") + deleted) +
+                  fileXml("b.ifc", setXml("N", "1", "oB", "22", "New"), true) +
+                  fileXml("c.ifc", setXml("N", "1", "oA", "21", "New"));
+    Texts parts;  // as each begins, and its last step
+    std::size_t all = 0;
+    const auto count = [&](const LogProgress& progress) {
+        const char* const names[] = {"load ", "delete ", "save "};
+        if (progress.ofPart.done == 0)
+            parts.push_back(names[static_cast<int>(progress.part)] +
+                            platform::toUtf8(progress.file) + " " +
+                            std::to_string(progress.ofAll.done));
+        EXPECT_LE(progress.ofPart.done, progress.ofPart.total);
+        EXPECT_LE(progress.ofAll.done, progress.ofAll.total);
+        EXPECT_GE(progress.ofAll.done, all);
+        all = progress.ofAll.done;
+        if (all == progress.ofAll.total)
+            parts.push_back("all " + std::to_string(all));
+    };
+    session_.files.refresh(host_.calls, session_.store);
+    loadProjectLog(
+        session_, [](const std::u16string&) { return true; }, count);
+    EXPECT_EQ(parts, (Texts{"load a.ifc 0", "delete a.ifc 4", "load b.ifc 5", "all 6"}));
+    parts.clear();
+    all = 0;
+    saveProjectLog(session_, {}, count);
+    EXPECT_EQ(parts, (Texts{"save a.ifc 0", "save b.ifc 2", "save c.ifc 3", "all 4"}));
 }
 
 TEST_F(ProjectLog, KeepsNamesakesApart) {

@@ -320,7 +320,9 @@ TEST_F(EditManyWindow, NamesThatAreTakenArePutBack) {
             host.add(1, set, name, u"v");
     ready();
     pilot.press("BtnAddNewSet").press("BtnAddNewSet").press("AddPropertyButton");
-    pilot.press("AddPropertyButton");
+    pilot.press("AddPropertyButton").then("see both new properties", [] {
+        return shown<LineTextEdit>("NewPropertyNameEdit").size() == 2;
+    });
     step([] {
         type(*shown<LineTextEdit>("NewSetNameEdit").at(0), "N2");
         type(*shown<LineTextEdit>("NewSetNameEdit").at(1), "N1");

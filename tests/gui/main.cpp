@@ -3,8 +3,10 @@
 #include <QApplication>
 
 int main(int argc, char** argv) {
+#ifndef Q_OS_WIN  // where a session without a display has windows all the same
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&argc, argv);

@@ -4,13 +4,8 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <functional>
-#include <memory>
-#include <string>
 
-#include "gui/text_lookup.h"
-
-/// The texts of a language file of the product: "de".
-TextLookup textsOfLanguage(const std::string& language);
+#include "tests/support/language_texts.h"
 
 /// While it lives, lets `answer` see and close every message box that is opened; a box that it
 /// leaves open is closed as with Escape.

@@ -8,6 +8,7 @@
 #include "platform/text.h"
 #include "tests/plugin/fake_host.h"
 #include "tests/support/reports.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ protected:
     }
 
     void load() {
-        plugin = std::make_unique<Plugin>(host.api);
+        plugin = std::make_unique<Plugin>(host.api, nullptr, folder / u"quillet.dll");
         plugin->load(FakeHost::kHandle, 0, 0);
         host.messages.clear();
     }
@@ -52,6 +53,7 @@ protected:
     }
 
     FakeHost host;
+    const TempFolder folder;  // for its files
     std::unique_ptr<Plugin> plugin;
 };
 
@@ -131,7 +133,10 @@ TEST_F(PluginTest, FallsBackToEnglishAndWarnsWithoutAnyLanguage) {
 
 TEST_F(PluginTest, RunsWithAnyOneFunctionMissingAndWithNone) {
     const AnsweredMessages messages;
+    host.answer(std::nullopt);
     const auto run = [this] {
+        if (!host.api.answer_window)
+            host.selected.clear();  // nobody would close a window of ours
         load();
         for (HostButtonId button = 0; button < 12; ++button)
             plugin->buttonClicked(button);
@@ -148,6 +153,7 @@ TEST_F(PluginTest, RunsWithAnyOneFunctionMissingAndWithNone) {
     const HostApi whole = host.api;
 #define QUILLET_TAKE_AWAY(name, result, arguments) \
     host.api = whole;                              \
+    host.selected = {FakeHost::kWall};             \
     host.api.name = nullptr;                       \
     run();
     QUILLET_HOST_FUNCTIONS(QUILLET_TAKE_AWAY)

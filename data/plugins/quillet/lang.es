@@ -71,6 +71,7 @@ yes=Sí
 no=No
 btnOkName=Aceptar
 btnCancelName=Cancelar
+btnCloseName=Cerrar
 
 # Export
 no_file_selected_message=No hay ningún modelo cargado.

@@ -71,6 +71,7 @@ yes=Tak
 no=Nie
 btnOkName=OK
 btnCancelName=Anuluj
+btnCloseName=Zamknij
 
 # Export
 no_file_selected_message=Nie wczytano żadnego modelu.
