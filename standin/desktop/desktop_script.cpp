@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "standin/desktop/desktop_texts.h"
+#include "standin/desktop/foreign_window.h"
 
 namespace standin {
 namespace {
@@ -16,7 +17,11 @@ constexpr int kPatienceMs = 30'000;
 /// So long lines may still be at work when the last one is done.
 constexpr int kEndPatienceMs = 5'000;
 
-int currentLoop() { return QThread::currentThread()->loopLevel(); }
+/// How deep the event loops are nested. Our Qt does not count those of other toolkits, each of
+/// which has a window of its own open.
+int currentLoop() {
+    return QThread::currentThread()->loopLevel() + static_cast<int>(ForeignWindow::titles().size());
+}
 
 bool isAmong(std::span<const Action> actions, const Action& action) {
     return std::any_of(actions.begin(), actions.end(),
@@ -73,6 +78,8 @@ void DesktopScript::beginAction(const Action& action) {
     const bool needsHost = isAmong(fileActions(), action) || isAmong(userActions(), action);
     if (needsHost && host().isInPlugin())
         throw ScriptNotYet(std::string(texts::kPluginAtWork), kPatienceMs);
+    if (!ForeignWindow::hasArrived())
+        throw ScriptNotYet(std::string(texts::kInputWaiting), kPatienceMs);
 }
 
 bool DesktopScript::mayWait(const ScriptNotYet& notYet) {

@@ -42,10 +42,13 @@ inline constexpr std::string_view kWidgetDisabled = "the widget is disabled: ";
 inline constexpr std::string_view kWrongWidget = "the widget is of another kind: ";
 inline constexpr std::string_view kHasNoItem = "there is no such item: ";
 inline constexpr std::string_view kNoKeys = "these are no keys: ";
+inline constexpr std::string_view kNoCount = "this is no number of times: ";
 inline constexpr std::string_view kNoSize = "a size has the form 800x600: ";
 inline constexpr std::string_view kNoPercent = "is no number from 0 to 100: ";
 inline constexpr std::string_view kPictureNotWritten = "the picture cannot be written: ";
 inline constexpr std::string_view kPluginAtWork = "the plug-in is still at work";
+inline constexpr std::string_view kWindowBusy = " asks to wait";
+inline constexpr std::string_view kInputWaiting = "what was typed has not arrived";
 inline constexpr std::string_view kCannotHide = "the program cannot hide a function of its own";
 
 // Windows.

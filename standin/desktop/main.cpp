@@ -16,6 +16,7 @@
 #include "standin/desktop/command_line.h"
 #include "standin/desktop/desktop_script.h"
 #include "standin/desktop/desktop_texts.h"
+#include "standin/desktop/foreign_window.h"
 #include "standin/desktop/languages.h"
 #include "standin/desktop/main_window.h"
 #include "standin/desktop/qt_text.h"
@@ -81,6 +82,7 @@ int run(const QApplication& application, const CommandLine& line) {
         if (runner)
             runner->start(platform::toUtf8(line.script), script, [](ScriptStatus status) {
                 QCoreApplication::exit(static_cast<int>(status));
+                ForeignWindow::endAll();
             });
     });
     return application.exec();

@@ -53,9 +53,12 @@ QWidget& inputWindow(QWidget& otherwise) {
 }
 
 QWidget* findWindow(const QString& name) {
-    for (QWidget* const window : QApplication::topLevelWidgets())
-        if (window->isVisible() && (window->windowTitle() == name || window->objectName() == name))
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        // Boxes that say "please wait" bear the title of what they are for.
+        const bool isTitled = window->windowType() != Qt::Tool && window->windowTitle() == name;
+        if (window->isVisible() && (isTitled || window->objectName() == name))
             return window;
+    }
     return nullptr;
 }
 

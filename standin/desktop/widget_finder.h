@@ -9,7 +9,8 @@ namespace standin {
 /// window, or `otherwise`.
 QWidget& inputWindow(QWidget& otherwise);
 
-/// A visible window with that title or object name; null when there is none.
+/// A visible window with that title, or that object name; null when there is none. Tool windows
+/// have no title here.
 QWidget* findWindow(const QString& name);
 
 /// A visible widget in `window` by its object name, its accessible name, the text on it, or the

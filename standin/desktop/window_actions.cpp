@@ -15,6 +15,7 @@
 
 #include "standin/desktop/desktop_script.h"
 #include "standin/desktop/desktop_texts.h"
+#include "standin/desktop/foreign_window.h"
 #include "standin/desktop/user_input.h"
 #include "standin/desktop/widget_finder.h"
 
@@ -24,6 +25,7 @@ namespace {
 /// How long a line waits for a window, and for what is in it.
 constexpr int kWindowPatienceMs = 30'000;
 constexpr int kWidgetPatienceMs = 3'000;
+constexpr int kMostTimes = 1000;
 constexpr std::string_view kNoYes[] = {"no", "yes"};
 constexpr std::string_view kMainWindowName = "main";
 
@@ -47,6 +49,23 @@ QWidget& enabledWidget(Script& script, const std::string& name) {
     return widget;
 }
 
+/// The window of another toolkit that takes the input; nothing when it is one of ours.
+std::optional<ForeignWindow> foreignWindow() { return ForeignWindow::onTop(); }
+
+ForeignWindow::Control controlNamed(const ForeignWindow& window, const std::string& name) {
+    const auto found = window.find(text(name));
+    if (!found)
+        throw ScriptNotYet(std::string(texts::kNoWidget) + name, kWidgetPatienceMs);
+    return *found;
+}
+
+ForeignWindow::Control enabledControl(const ForeignWindow& window, const std::string& name) {
+    const ForeignWindow::Control control = controlNamed(window, name);
+    if (!ForeignWindow::isEnabled(control))
+        throw ScriptNotYet(std::string(texts::kWidgetDisabled) + name, kWidgetPatienceMs);
+    return control;
+}
+
 template <class Kind>
 Kind& ofKind(QWidget& widget, const std::string& name) {
     auto* const found = qobject_cast<Kind*>(&widget);
@@ -57,22 +76,34 @@ Kind& ofKind(QWidget& widget, const std::string& name) {
 
 // ---- windows ----
 
+[[noreturn]] void failWithoutWindow(const std::string& name) {
+    QStringList others = ForeignWindow::titles();
+    for (const QWidget* const other : QApplication::topLevelWidgets())
+        if (other->isVisible())
+            others.push_back(other->windowTitle());
+    throw ScriptNotYet(std::string(texts::kNoWindow) + name + std::string(texts::kOtherWindows) +
+                           others.join(QStringLiteral(", ")).toStdString(),
+                       kWindowPatienceMs);
+}
+
 QWidget& windowNamed(const std::string& name) {
     if (QWidget* const found = findWindow(text(name)))
         return *found;
-    std::string others;
-    for (const QWidget* const other : QApplication::topLevelWidgets())
-        if (other->isVisible())
-            others += (others.empty() ? "" : ", ") + other->windowTitle().toStdString();
-    throw ScriptNotYet(
-        std::string(texts::kNoWindow) + name + std::string(texts::kOtherWindows) + others,
-        kWindowPatienceMs);
+    failWithoutWindow(name);
 }
 
-void window(Script&, const Words& words) { windowNamed(words[0]); }
+void window(Script&, const Words& words) {
+    const auto foreign = ForeignWindow::named(text(words[0]));
+    if (!foreign)
+        windowNamed(words[0]);
+    const QWidget* const modal = QApplication::activeModalWidget();
+    const bool mustWait = modal && modal->windowType() == Qt::Tool;
+    if (foreign ? !foreign->takesInput() : mustWait)
+        throw ScriptNotYet(words[0] + std::string(texts::kWindowBusy), kWindowPatienceMs);
+}
 
 void noWindow(Script&, const Words& words) {
-    if (findWindow(text(words[0])))
+    if (findWindow(text(words[0])) || ForeignWindow::named(text(words[0])))
         throw ScriptNotYet(std::string(texts::kStillThere) + words[0], kWindowPatienceMs);
 }
 
@@ -81,7 +112,12 @@ void idle(Script& script, const Words&) {
         throw ScriptNotYet(std::string(texts::kPluginAtWork), kWindowPatienceMs);
 }
 
-void closeWindow(Script& script, const Words&) { currentWindow(script).close(); }
+void closeWindow(Script& script, const Words&) {
+    if (const auto foreign = foreignWindow())
+        foreign->close();
+    else
+        currentWindow(script).close();
+}
 
 void resize(Script& script, const Words& words) {
     static const QRegularExpression kSize(QStringLiteral("^(\\d+)x(\\d+)$"));
@@ -91,11 +127,18 @@ void resize(Script& script, const Words& words) {
     currentWindow(script).resize(size.captured(1).toInt(), size.captured(2).toInt());
 }
 
-void screenshot(Script& script, const Words& words) {
+QImage pictureOf(Script& script, const Words& words) {
+    const bool isNamed = words.size() > 1;
+    if (const auto foreign = isNamed ? ForeignWindow::named(text(words[1])) : foreignWindow())
+        return foreign->picture();
     QWidget* window = &currentWindow(script);
-    if (words.size() > 1)
+    if (isNamed)
         window = words[1] == kMainWindowName ? &mainWindow(script) : &windowNamed(words[1]);
-    if (!window->grab().save(text(words[0]), "PNG"))
+    return window->grab().toImage();
+}
+
+void screenshot(Script& script, const Words& words) {
+    if (!pictureOf(script, words).save(text(words[0]), "PNG"))
         throw ScriptError(std::string(texts::kPictureNotWritten) + words[0]);
 }
 
@@ -113,6 +156,8 @@ QAction* entryNamed(const QMenu& menu, const QString& name) {
 }
 
 void press(Script& script, const Words& words) {
+    if (const auto foreign = foreignWindow())
+        return ForeignWindow::click(enabledControl(*foreign, words[0]));
     auto* const menu = qobject_cast<QMenu*>(&currentWindow(script));
     if (!menu)
         return input::click(enabledWidget(script, words[0]));
@@ -139,6 +184,12 @@ void check(Script& script, const Words& words) { setChecked(script, words[0], tr
 void uncheck(Script& script, const Words& words) { setChecked(script, words[0], false); }
 
 void type(Script& script, const Words& words) {
+    if (const auto foreign = foreignWindow()) {
+        ForeignWindow::click(enabledControl(*foreign, words[0]));
+        ForeignWindow::press(QKeySequence::SelectAll);
+        ForeignWindow::press(Qt::Key_Delete);
+        return ForeignWindow::type(text(words[1]));
+    }
     QWidget& field = enabledWidget(script, words[0]);
     QWidget& window = currentWindow(script);
     input::click(field);
@@ -154,10 +205,30 @@ void key(Script& script, const Words& words) {
     const QKeySequence keys(text(words[0]), QKeySequence::PortableText);
     if (keys.isEmpty() || keys[0] == Qt::Key_unknown)
         throw ScriptError(std::string(texts::kNoKeys) + words[0]);
-    input::press(currentWindow(script), keys);
+    const int times = words.size() > 1 ? text(words[1]).toInt() : 1;
+    if (times < 1 || times > kMostTimes)
+        throw ScriptError(std::string(texts::kNoCount) + words[1]);
+    for (int time = 0; time < times; ++time) {
+        if (!foreignWindow())
+            input::press(currentWindow(script), keys);
+        else if (!ForeignWindow::press(keys))
+            throw ScriptError(std::string(texts::kNoKeys) + words[0]);
+    }
+}
+
+void enter(Script& script, const Words& words) {
+    if (foreignWindow())
+        ForeignWindow::type(text(words[0]));
+    else
+        input::type(currentWindow(script), text(words[0]));
 }
 
 void choose(Script& script, const Words& words) {
+    if (const auto foreign = foreignWindow()) {
+        if (!ForeignWindow::choose(enabledControl(*foreign, words[0]), text(words[1])))
+            throw ScriptError(std::string(texts::kHasNoItem) + words[1]);
+        return;
+    }
     auto& box = ofKind<QComboBox>(enabledWidget(script, words[0]), words[0]);
     const int item = box.findText(text(words[1]), Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (item < 0)
@@ -180,13 +251,17 @@ void scroll(Script& script, const Words& words) {
 }
 
 void expectText(Script& script, const Words& words) {
-    const QString found = textOn(widgetNamed(script, words[0]));
+    const auto foreign = foreignWindow();
+    const QString found = foreign ? ForeignWindow::textOf(controlNamed(*foreign, words[0]))
+                                  : textOn(widgetNamed(script, words[0]));
     script.expect(found == text(words[1]), words[0] + " with \"" + words[1] + "\"",
                   "\"" + found.toStdString() + "\"");
 }
 
 void expectEnabled(Script& script, const Words& words) {
-    const bool isEnabled = widgetNamed(script, words[0]).isEnabled();
+    const auto foreign = foreignWindow();
+    const bool isEnabled = foreign ? ForeignWindow::isEnabled(controlNamed(*foreign, words[0]))
+                                   : widgetNamed(script, words[0]).isEnabled();
     script.expect(isEnabled == (choiceOf(words[1], kNoYes) == 1),
                   words[0] + " enabled: " + words[1], isEnabled ? "yes" : "no");
 }
@@ -311,7 +386,9 @@ void answeredWindows(Script&, const Words& words) {
 }
 
 constexpr Action kActions[] = {
-    {"window", "TITLE", "Waits until a window with that title or object name is there.",
+    {"window", "TITLE",
+     "Waits until a window with that title or object name is there, and has no box over it that "
+     "asks to wait.",
      "window \"Edit many objects\"", 1, 1, window},
     {"no-window", "TITLE", "Waits until there is no such window.", "no-window Export", 1, 1,
      noWindow},
@@ -326,7 +403,8 @@ constexpr Action kActions[] = {
     {"uncheck", "WIDGET", "Takes the tick away.", "uncheck \"Select all\"", 1, 1, uncheck},
     {"type", "WIDGET TEXT", "Clicks into a field and types over what it holds.",
      "type value \"F 90\"", 2, 2, type},
-    {"key", "KEYS", "Presses keys.", "key Ctrl+Z", 1, 1, key},
+    {"key", "KEYS [TIMES]", "Presses keys.", "key Ctrl+Z", 1, 2, key},
+    {"enter", "TEXT", "Types into what has the focus.", "enter \"F 90\"", 1, 1, enter},
     {"choose", "WIDGET ITEM", "Opens a list and chooses from it.", "choose unit \"m (Metre)\"", 2,
      2, choose},
     {"scroll", "WIDGET PERCENT", "Scrolls down so far.", "scroll objectTree 50", 2, 2, scroll},
