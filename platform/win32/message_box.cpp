@@ -8,7 +8,8 @@ namespace platform {
 
 MessageAnswer showSystemMessageBox(std::u16string_view text, std::u16string_view caption,
                                    MessageButtons buttons, MessageIcon icon) {
-    const UINT style = static_cast<UINT>(buttons) | static_cast<UINT>(icon);
+    // Without an owner it would leave our other windows open to input.
+    const UINT style = static_cast<UINT>(buttons) | static_cast<UINT>(icon) | MB_TASKMODAL;
     switch (
         MessageBoxW(nullptr, wide(std::u16string(text)), wide(std::u16string(caption)), style)) {
         case IDOK: return MessageAnswer::Ok;

@@ -1,7 +1,9 @@
 #include "standin/desktop/ribbon_bar.h"
 
 #include <QFrame>
+#include <QObject>
 #include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -168,15 +170,28 @@ QToolButton* RibbonBar::makeButton(const RibbonItem& item) {
     if (item.kind == RibbonItem::Kind::SubButton) {
         auto* const menu = new QMenu(button);
         menu->setToolTipsVisible(true);
-        // The plug-in is told of the click, and its list opens.
-        connect(menu, &QMenu::aboutToShow, this, [this, id] { emit clicked(id); });
         button->setMenu(menu);
-        button->setPopupMode(QToolButton::InstantPopup);
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+        connect(button, &QToolButton::clicked, this, [this, button, id] { press(*button, id); });
         return button;
     }
     button->setCheckable(item.kind == RibbonItem::Kind::CheckBox);
     connect(button, &QToolButton::clicked, this, [this, id] { emit clicked(id); });
     return button;
+}
+
+/// Tells the plug-in of the click, and opens the list of the button, unless the plug-in has
+/// answered with a window of its own.
+void RibbonBar::press(QToolButton& button, HostButtonId id) {
+    const QPointer<QToolButton> there(&button);
+    bool hasWaited = false;  // in the loop of a window
+    {
+        QObject during;
+        QTimer::singleShot(0, &during, [&hasWaited] { hasWaited = true; });
+        emit clicked(id);
+    }
+    if (there && !hasWaited)
+        there->showMenu();
 }
 
 QAction* RibbonBar::addEntry(QMenu& menu, const RibbonItem& item) {

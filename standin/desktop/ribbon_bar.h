@@ -47,6 +47,7 @@ private:
     QWidget* makeGroup(const QString& caption, const std::vector<QWidget*>& widgets);
     void rebuild(const Ribbon& ribbon);
     QToolButton* makeButton(const RibbonItem& item);
+    void press(QToolButton& button, HostButtonId id);
     QAction* addEntry(QMenu& menu, const RibbonItem& item);
     void update(QToolButton& button, const RibbonItem& item);
     void update(QAction& entry, const RibbonItem& item);

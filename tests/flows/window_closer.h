@@ -4,37 +4,34 @@
 
 #include <windows.h>
 
-#include <atomic>
-#include <chrono>
-#include <thread>
-
-/// While it lives, every window that this thread opens is closed by its frame, again and again
-/// until it gives way.
+/// While it lives, whoever waits for the user of a window of this thread is told that the program
+/// is to end. Works from the loop that waits, whatever toolkit runs it.
 class WindowCloser {
 public:
-    WindowCloser()
-        : closer_([this, thread = GetCurrentThreadId()] {
-              while (!isDone_) {
-                  EnumThreadWindows(thread, &close, 0);
-                  std::this_thread::sleep_for(std::chrono::milliseconds(20));
-              }
-          }) {}
+    WindowCloser() : timer_(SetTimer(nullptr, 0, kPeriodMs, &tick)) {}
     ~WindowCloser() {
-        isDone_ = true;
-        closer_.join();
+        KillTimer(nullptr, timer_);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE))
+            continue;
     }
     WindowCloser(const WindowCloser&) = delete;
     WindowCloser& operator=(const WindowCloser&) = delete;
 
 private:
-    static BOOL CALLBACK close(HWND window, LPARAM) {
-        if (IsWindowVisible(window) && IsWindowEnabled(window))
-            PostMessageW(window, WM_CLOSE, 0, 0);
-        return TRUE;
+    static constexpr UINT kPeriodMs = 50;
+
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+        EnumThreadWindows(GetCurrentThreadId(), &quitIfVisible, 0);
+    }
+    static BOOL CALLBACK quitIfVisible(HWND window, LPARAM) {
+        if (!IsWindowVisible(window))
+            return TRUE;
+        PostQuitMessage(0);
+        return FALSE;
     }
 
-    std::atomic<bool> isDone_ = false;
-    std::thread closer_;
+    UINT_PTR timer_;
 };
 
 #else
