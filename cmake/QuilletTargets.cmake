@@ -15,6 +15,9 @@
 #   quillet_add_x11_test(<name> COMMAND ... [ENVIRONMENT NAME=VALUE...] [NEEDS <variable>...])
 #       a test of ctest that has a display server of its own, for Windows programs too; NEEDS: what
 #       find_program has to have found
+#   quillet_link_static_qt_plugins(<library>)
+#       for a library that is loaded and has windows of Qt: gives it the parts of Qt that find
+#       windows and their look, where Qt is static; Qt does so itself for programs
 #   quillet_version_resource(<target> <description>)
 #       what Windows shows of a program or library: icon, version, description; elsewhere nothing
 #   quillet_fuzzer(<name>_fuzzer SOURCES ... [PRIVATE <libs>...])
@@ -98,6 +101,14 @@ function(quillet_executable target)
     add_executable(${target} ${arg_SOURCES})
     _quillet_common(${target})
     target_link_libraries(${target} PRIVATE quillet_executable_options ${arg_PRIVATE})
+endfunction()
+
+function(quillet_link_static_qt_plugins target)
+    if(WIN32 AND QUILLET_HAS_QT)
+        target_sources(${target} PRIVATE "${PROJECT_SOURCE_DIR}/gui/static_qt_plugins.cpp")
+        target_link_libraries(${target} PRIVATE Qt5::QWindowsIntegrationPlugin
+                                                Qt5::QWindowsVistaStylePlugin)
+    endif()
 endfunction()
 
 function(quillet_version_resource target description)

@@ -101,6 +101,8 @@ int main(int argc, char** argv) {
         return cannotRun(std::string(texts::kNoScreen));
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    // A script finds the same dialogs on every system.
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs, hasArgument(argc, argv, "--script"));
     const QApplication application(argc, argv);
     try {
         return run(application, parseCommandLine(platform::programArguments(argc, argv)));

@@ -39,7 +39,7 @@ const std::vector<Layer> kLayers = {
 /// Headers of others, and the only files that may include them; but those of Qt and, for windows,
 /// Windows, only in .cpp files.
 const std::vector<Layer> kForeign = {
-    {"Q", {"gui/", "standin/desktop/", "plugin/static_qt_plugins.cpp"}},
+    {"Q", {"gui/", "standin/desktop/"}},
     {"windows.h", {"platform/win32/", "native/", "gui/win32/", "standin/desktop/win32/"}},
     {"unistd.h", {"platform/posix/"}},
     {"sys/", {"platform/posix/"}},

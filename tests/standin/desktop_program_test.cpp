@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
@@ -49,7 +50,7 @@ TEST(DesktopProgram, RunsAScriptAndTakesPictures) {
         scriptWith(folder,
                    "tree-select #65\nexpect-row propertyTree Colour \"red, 'oxblood'\"\n"
                    "resize 1000x700\nscreenshot \"" +
-                       picture.toStdString() + "\" main\n");
+                       QDir::fromNativeSeparators(picture).toStdString() + "\" main\n");
     for (const int scale : {1, 2}) {
         const Result result = ran({QStringLiteral("--script"), script},
                                   {QStringLiteral("QT_SCALE_FACTOR=%1").arg(scale)});
@@ -95,9 +96,11 @@ TEST(DesktopProgram, UnderstandsItsArguments) {
         EXPECT_TRUE(result.output.contains(QLatin1String(expected.second)))
             << result.output.toStdString();
     }
+#ifndef Q_OS_WIN  // which always has one
     EXPECT_EQ(
         ran({}, {QStringLiteral("QT_QPA_PLATFORM=xcb"), QStringLiteral("DISPLAY=:999")}).status, 2)
         << "there is no screen";
+#endif
     // A model on the command line is open when the script begins.
     const TempFolder folder;
     const QString script =
