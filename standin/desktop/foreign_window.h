@@ -46,7 +46,7 @@ public:
 private:
     explicit ForeignWindow(std::uintptr_t handle) : handle_(handle) {}
 
-    std::uintptr_t handle_;
+    [[maybe_unused]] std::uintptr_t handle_;  // of a window; only Windows has any
 };
 
 }  // namespace standin
