@@ -37,6 +37,11 @@ std::vector<FaultCase> allFaults() {
     return cases;
 }
 
+std::string bytesOf(const std::u16string& path) {
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 /// Does all that a user does, without looking at the result.
 void useAll(FlowHost& flow) {
     const std::vector<const standin::Object*> objects = flow.editableObjects();
@@ -78,7 +83,8 @@ TEST_P(HostFault, IsSurvived) {
         case Trouble::IsWrong: host.faults().set(function, standin::Fault::Wrong); break;
     }
     ASSERT_TRUE(host.loadPlugin()) << host.error();
-    ASSERT_TRUE(host.open({kSample})) << host.error();
+    const std::u16string model = flow.folder().write(u"sample_house.ifc", bytesOf(kSample));
+    ASSERT_TRUE(host.open({model})) << host.error();
     useAll(flow);
     const std::u16string project = flow.folder() / u"faulty.ahx";
     EXPECT_TRUE(host.save(project)) << host.error();
@@ -103,11 +109,6 @@ std::string nameOf(const testing::TestParamInfo<FaultCase>& test) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllFunctions, HostFault, testing::ValuesIn(allFaults()), nameOf);
-
-std::string bytesOf(const std::u16string& path) {
-    std::ifstream file(std::filesystem::path(path), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// A project with an edit, and a message box that answers itself.
 class ProjectFault : public testing::Test {
