@@ -94,6 +94,20 @@ bool replace(MemoryPool& pool, PointerSequence& references, const ClassInfo& dec
     return true;
 }
 
+bool assignAll(MemoryPool& pool, PointerSequence& references, const ClassInfo& declared,
+               std::span<IfcEntity* const> entities) {
+    void** items = pool.array<void*>(entities.size());
+    for (std::size_t i = 0; i < entities.size(); ++i) {
+        items[i] = entities[i] ? declared.cast(entities[i]) : nullptr;
+        if (!items[i])
+            return false;
+    }
+    references.items = items;
+    references.count = static_cast<std::uint32_t>(entities.size());
+    references.present = true;
+    return true;
+}
+
 bool removeByGlobalId(MemoryPool& pool, PointerSequence& references, const ClassInfo& declared,
                       std::u16string_view globalId) {
     for (std::uint32_t position = 0; position < references.count; ++position) {

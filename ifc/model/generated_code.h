@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <span>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -57,6 +58,11 @@ void append(std::vector<IfcEntity*>& out, const PointerSequence& references,
 /// the declared class.
 bool replace(MemoryPool& pool, PointerSequence& references, const ClassInfo& declared,
              IfcEntity* entity, IfcEntity* replacement);
+
+/// Makes `entities` the list. @return false, with nothing changed, when one is null or not of the
+/// declared class.
+bool assignAll(MemoryPool& pool, PointerSequence& references, const ClassInfo& declared,
+               std::span<IfcEntity* const> entities);
 
 /// Takes the rooted object with that GUID out. @return whether it was there.
 bool removeByGlobalId(MemoryPool& pool, PointerSequence& references, const ClassInfo& declared,

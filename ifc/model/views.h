@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -71,6 +72,50 @@ public:
     virtual IfcEntity* relatingPropertyDefinition() const = 0;
 };
 
+/// The same classes, where one change concerns many objects.
+class VirtualRelatedObjects : public virtual IfcEntity {
+public:
+    /// Makes `objects` the related objects, in one pass however many they are.
+    virtual bool setRelatedObjects(MemoryPool& pool, std::span<IfcEntity* const> objects) = 0;
+};
+
+/// IfcRelOverridesProperties: gives its objects other values than the relating set has.
+class VirtualOverridingRelation : public virtual IfcEntity {
+public:
+    /// Appends the overriding properties in file order.
+    virtual void overridingProperties(std::vector<IfcEntity*>& out) const = 0;
+    /// Puts `replacement` in the place of `property`; a null `property` appends, a null
+    /// `replacement` takes out.
+    virtual bool replaceOverridingProperty(MemoryPool& pool, IfcEntity* property,
+                                           IfcEntity* replacement) = 0;
+};
+
+/// IfcTypeObject and its subtypes.
+class VirtualIfcTypeObject : public virtual IfcEntity {
+public:
+    /// Appends the sets that the type has as its own, in file order.
+    virtual void propertySets(std::vector<IfcEntity*>& out) const = 0;
+    /// Puts `replacement` in the place of `set`; a null `set` appends, a null `replacement` takes
+    /// out. The attribute is not set any more once the last one is out.
+    virtual bool replacePropertySet(MemoryPool& pool, IfcEntity* set, IfcEntity* replacement) = 0;
+};
+
+/// IfcRelDefinesByType.
+class VirtualTypeRelation : public virtual IfcEntity {
+public:
+    virtual IfcEntity* relatingType() const = 0;
+    /// Appends the occurrences of the type in file order.
+    virtual void relatedObjects(std::vector<IfcEntity*>& out) const = 0;
+};
+
+/// Relations that attach something to sets or properties without using them: classifications,
+/// documents, approvals, constraints, declarations, templates.
+class VirtualAttachment : public virtual IfcEntity {
+public:
+    /// Appends what it is attached to, in file order.
+    virtual void attachedTo(std::vector<IfcEntity*>& out) const = 0;
+};
+
 /// IfcProperty and IfcPhysicalQuantity with all subtypes.
 class VIfcProperty : public virtual IfcEntity {
 public:
@@ -85,6 +130,16 @@ public:
     /// shared, which is safe because they are never changed in place. The number is the original's
     /// until the caller gives another.
     virtual IfcEntity* clone(MemoryPool& pool) const = 0;
+};
+
+/// IfcComplexProperty and IfcPhysicalComplexQuantity.
+class VComplexProperty : public virtual VIfcProperty, public virtual Prototype {
+public:
+    /// Appends the properties or quantities that it is made of, in file order.
+    virtual void members(std::vector<IfcEntity*>& out) const = 0;
+    /// Puts `replacement` in the place of `member`; a null `member` appends, a null `replacement`
+    /// takes out.
+    virtual bool replaceMember(MemoryPool& pool, IfcEntity* member, IfcEntity* replacement) = 0;
 };
 
 /// IfcPropertySingleValue.

@@ -99,8 +99,14 @@ std::string viewsOf(IfcEntity* entity) {
         {'s', isA<VirtualIfcPropertySet>},
         {'e', isA<VIfcElementQuantitySet>},
         {'d', isA<VirtualPropertyRelation>},
+        {'m', isA<VirtualRelatedObjects>},
+        {'x', isA<VirtualOverridingRelation>},
+        {'b', isA<VirtualIfcTypeObject>},
+        {'f', isA<VirtualTypeRelation>},
+        {'h', isA<VirtualAttachment>},
         {'y', isA<VIfcProperty>},
         {'c', isA<Prototype>},
+        {'k', isA<VComplexProperty>},
         {'v', isA<VIfcPropertySingleValue>},
         {'q', isA<VQuantityProperty>},
         {'a', isA<VirtualIfcUnitAssignment>},
@@ -134,12 +140,21 @@ TEST_F(EveryRelease, GivesEachKindOfObjectItsViewsAndNoOthers) {
         {"IFCPROJECT", "rj", 8},
         {"IFCPROPERTYSET", "rsc", 8},
         {"IFCELEMENTQUANTITY", "rec", 8},
-        {"IFCRELDEFINESBYPROPERTIES", "rd", 8},
-        {"IFCRELOVERRIDESPROPERTIES", "rd", 4},
+        {"IFCRELDEFINESBYPROPERTIES", "rdm", 8},
+        {"IFCRELOVERRIDESPROPERTIES", "rdmx", 4},
+        {"IFCRELDEFINESBYTYPE", "rf", 8},
+        {"IFCTYPEOBJECT", "rb", 8},
+        {"IFCTYPEPRODUCT", "rb", 8},
+        {"IFCRELASSOCIATESCLASSIFICATION", "rh", 8},
+        {"IFCRELDECLARES", "rh", 4},
+        {"IFCRELDEFINESBYTEMPLATE", "rh", 4},
+        {"IFCEXTERNALREFERENCERELATIONSHIP", "h", 4},
+        {"IFCAPPROVALPROPERTYRELATIONSHIP", "h", 2},
         {"IFCRELAGGREGATES", "r", 8},
         {"IFCPROPERTYSINGLEVALUE", "ycv", 8},
-        {"IFCPROPERTYENUMERATEDVALUE", "y", 8},
-        {"IFCCOMPLEXPROPERTY", "y", 8},
+        {"IFCPROPERTYENUMERATEDVALUE", "yc", 8},
+        {"IFCPROPERTYREFERENCEVALUE", "yc", 8},
+        {"IFCCOMPLEXPROPERTY", "yck", 8},
         {"IFCQUANTITYAREA", "ycq", 8},
         {"IFCQUANTITYCOUNT", "ycq", 8},
         {"IFCQUANTITYLENGTH", "ycq", 8},
@@ -147,7 +162,7 @@ TEST_F(EveryRelease, GivesEachKindOfObjectItsViewsAndNoOthers) {
         {"IFCQUANTITYVOLUME", "ycq", 8},
         {"IFCQUANTITYWEIGHT", "ycq", 8},
         {"IFCQUANTITYNUMBER", "ycq", 1},
-        {"IFCPHYSICALCOMPLEXQUANTITY", "y", 6},
+        {"IFCPHYSICALCOMPLEXQUANTITY", "yck", 6},
         {"IFCUNITASSIGNMENT", "a", 8},
         {"IFCSIUNIT", "ui", 8},
         {"IFCCONVERSIONBASEDUNIT", "un", 8},
@@ -246,6 +261,12 @@ TEST_F(EveryRelease, RelatesObjectsToASet) {
         Entities objects;
         relation->relatedObjects(objects);
         EXPECT_EQ(objects, Entities{first}) << release.name;
+
+        auto* many = dynamic_cast<VirtualRelatedObjects*>(relation);
+        EXPECT_FALSE(many->setRelatedObjects(release.pool, Entities{second, nullptr}));
+        EXPECT_FALSE(many->setRelatedObjects(release.pool, Entities{release.create("IFCLABEL")}));
+        EXPECT_TRUE(many->setRelatedObjects(release.pool, Entities{second, first}));
+        EXPECT_TRUE(relation->removeRelatedObject(release.pool, u"SLAB"));
 
         IfcEntity* set = release.create("IFCPROPERTYSET");
         EXPECT_TRUE(relation->setRelatingPropertyDefinition(set));

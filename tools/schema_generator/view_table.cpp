@@ -17,6 +17,15 @@ constexpr std::string_view kReturnMember = "return $1$;";
 constexpr std::string_view kReturnView = "return $1$.view();";
 constexpr std::string_view kReturnValueName = "return IFC::nameOf($1.info$, $1$);";
 constexpr std::string_view kAppendAll = "IFC::append(out, $1$, $1.info$);";
+/// For parameters called `entity` and `replacement`.
+constexpr std::string_view kReplace =
+    "return IFC::replace(pool, $1$, $1.info$, entity, replacement);";
+/// The same for an optional list, which is never empty.
+constexpr std::string_view kReplaceOptional =
+    "if (!IFC::replace(pool, $1$, $1.info$, entity, replacement))\n"
+    "    return false;\n"
+    "$1$.present = $1$.count > 0;\n"
+    "return true;";
 
 const std::string kPool = "IFC::MemoryPool& pool";
 const std::string kOut = "std::vector<IFC::IfcEntity*>& out";
@@ -132,19 +141,6 @@ ViewRow propertySetRow() {
               {{"return property && IFC::replace(pool, $1$, $1.info$, property, replacement);"}}}}};
 }
 
-ViewRow quantitySetRow() {
-    return {"IFC::VIfcElementQuantitySet",
-            kDirect,
-            {"IfcElementQuantity"},
-            {{"void", "quantities", {kOut}, kConst, {"Quantities"}, {{kAppendAll}}},
-             {"bool",
-              "replaceQuantity",
-              {kPool, "IFC::IfcEntity* quantity", "IFC::IfcEntity* replacement"},
-              kChanges,
-              {"Quantities"},
-              {{"return IFC::replace(pool, $1$, $1.info$, quantity, replacement);"}}}}};
-}
-
 ViewRow propertyRelationRow() {
     return {"IFC::VirtualPropertyRelation",
             kDirect,
@@ -174,6 +170,36 @@ ViewRow propertyRelationRow() {
               kConst,
               {"RelatingPropertyDefinition"},
               {{kReturnMember}}}}};
+}
+
+/// A view of one list: who is in it, and `replaceName` to change it.
+ViewRow listRow(std::string_view view, std::string_view className, std::string_view attribute,
+                std::string_view listName, std::string_view replaceName,
+                std::string_view replaceBody) {
+    return {view,
+            kDirect,
+            {className},
+            {{"void", listName, {kOut}, kConst, {attribute}, {{kAppendAll}}},
+             {"bool",
+              replaceName,
+              {kPool, "IFC::IfcEntity* entity", "IFC::IfcEntity* replacement"},
+              kChanges,
+              {attribute},
+              {{replaceBody}}}}};
+}
+
+ViewRow complexPropertyRow(std::string_view className, std::string_view attribute) {
+    ViewRow row = listRow("IFC::VComplexProperty", className, attribute, "members", "replaceMember",
+                          kReplace);
+    row.operations.push_back(kClone);
+    return row;
+}
+
+ViewRow attachmentRow(std::vector<std::string_view> classes, std::string_view attribute) {
+    return {"IFC::VirtualAttachment",
+            kDirect,
+            std::move(classes),
+            {{"void", "attachedTo", {kOut}, kConst, {attribute}, {{kAppendAll}}}}};
 }
 
 ViewRow singleValueRow() {
@@ -231,10 +257,45 @@ std::vector<ViewRow> allRows() {
          {"IfcProject"},
          {{kEntity, "unitsInContext", {}, kConst, {"UnitsInContext"}, {{kReturnMember}}}}},
         propertySetRow(),
-        quantitySetRow(),
+        listRow("IFC::VIfcElementQuantitySet", "IfcElementQuantity", "Quantities", "quantities",
+                "replaceQuantity", kReplace),
         propertyRelationRow(),
+        {"IFC::VirtualRelatedObjects",
+         kDirect,
+         {"IfcRelDefinesByProperties"},
+         {{"bool",
+           "setRelatedObjects",
+           {kPool, "std::span<IFC::IfcEntity* const> objects"},
+           kChanges,
+           {"RelatedObjects"},
+           {{"return IFC::assignAll(pool, $1$, $1.info$, objects);"}}}}},
+        listRow("IFC::VirtualOverridingRelation", "IfcRelOverridesProperties",
+                "OverridingProperties", "overridingProperties", "replaceOverridingProperty",
+                kReplace),
+        listRow("IFC::VirtualIfcTypeObject", "IfcTypeObject", "HasPropertySets", "propertySets",
+                "replacePropertySet", kReplaceOptional),
+        {"IFC::VirtualTypeRelation",
+         kDirect,
+         {"IfcRelDefinesByType"},
+         {{kEntity, "relatingType", {}, kConst, {"RelatingType"}, {{kReturnMember}}},
+          {"void", "relatedObjects", {kOut}, kConst, {"RelatedObjects"}, {{kAppendAll}}}}},
+        attachmentRow({"IfcRelAssociates"}, "RelatedObjects"),
+        attachmentRow({"IfcRelDeclares"}, "RelatedDefinitions"),
+        attachmentRow({"IfcRelDefinesByTemplate"}, "RelatedPropertySets"),
+        attachmentRow({"IfcExternalReferenceRelationship", "IfcResourceApprovalRelationship",
+                       "IfcResourceConstraintRelationship"},
+                      "RelatedResourceObjects"),
+        attachmentRow({"IfcApprovalPropertyRelationship"}, "ApprovedProperties"),
+        attachmentRow({"IfcPropertyConstraintRelationship"}, "RelatedProperties"),
         propertyRow(),
-        {"IFC::Prototype", kVirtual, {"IfcPropertySet", "IfcElementQuantity"}, {kClone}},
+        {"IFC::Prototype",
+         kVirtual,
+         {"IfcPropertySet", "IfcElementQuantity", "IfcPropertyEnumeratedValue",
+          "IfcPropertyListValue", "IfcPropertyBoundedValue", "IfcPropertyTableValue",
+          "IfcPropertyReferenceValue"},
+         {kClone}},
+        complexPropertyRow("IfcComplexProperty", "HasProperties"),
+        complexPropertyRow("IfcPhysicalComplexQuantity", "HasQuantities"),
         singleValueRow(),
         quantityRow("IfcQuantityArea", "AreaValue"),
         quantityRow("IfcQuantityCount", "CountValue"),

@@ -1997,7 +1997,9 @@ public:
 };
 
 /// Kind of IfcPropertyDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcPropertyDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcPropertyDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -2006,6 +2008,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -2453,7 +2459,8 @@ private:
 };
 
 /// Root with ApprovedProperties and Approval.
-class IfcApprovalPropertyRelationship : public virtual IFC::IfcComplexType {
+class IfcApprovalPropertyRelationship : public virtual IFC::IfcComplexType,
+                                        public IFC::VirtualAttachment {
 public:
     IfcApprovalPropertyRelationship() noexcept;
     ~IfcApprovalPropertyRelationship() noexcept override;
@@ -2462,6 +2469,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcProperty> ApprovedProperties_;
@@ -3640,7 +3649,9 @@ private:
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -3649,6 +3660,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -5268,7 +5284,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
@@ -7372,7 +7388,9 @@ private:
 };
 
 /// Kind of IfcPhysicalQuantity with HasQuantities, Discrimination, Quality and Usage.
-class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType, public IfcPhysicalQuantity {
+class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType,
+                                   public IfcPhysicalQuantity,
+                                   public IFC::VComplexProperty {
 public:
     IfcPhysicalComplexQuantity() noexcept;
     ~IfcPhysicalComplexQuantity() noexcept override;
@@ -7381,6 +7399,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcPhysicalQuantity> HasQuantities_;
@@ -7868,7 +7891,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue and Unit.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -7878,6 +7903,8 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IfcValue* UpperBoundValue_ = nullptr;
     IfcValue* LowerBoundValue_ = nullptr;
@@ -7885,7 +7912,8 @@ private:
 };
 
 /// Root with RelatingConstraint, RelatedProperties, Name and Description.
-class IfcPropertyConstraintRelationship : public virtual IFC::IfcComplexType {
+class IfcPropertyConstraintRelationship : public virtual IFC::IfcComplexType,
+                                          public IFC::VirtualAttachment {
 public:
     IfcPropertyConstraintRelationship() noexcept;
     ~IfcPropertyConstraintRelationship() noexcept override;
@@ -7894,6 +7922,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcConstraint* RelatingConstraint_ = nullptr;
@@ -7922,7 +7952,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -7931,6 +7963,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> EnumerationValues_;
@@ -7955,7 +7989,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with ListValues and Unit.
-class IfcPropertyListValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyListValue : public virtual IFC::IfcComplexType,
+                             public IfcSimpleProperty,
+                             public virtual IFC::Prototype {
 public:
     IfcPropertyListValue() noexcept;
     ~IfcPropertyListValue() noexcept override;
@@ -7965,13 +8001,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> ListValues_;
     IfcUnit* Unit_ = nullptr;
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -7980,6 +8020,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -8036,7 +8078,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit and
 /// DefinedUnit.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -8045,6 +8089,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -8662,7 +8708,9 @@ private:
 };
 
 /// Kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -8671,6 +8719,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcRoot> RelatedObjects_;
@@ -8982,7 +9032,8 @@ protected:
 /// Kind of IfcRelDefines with RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -8997,13 +9048,17 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IfcPropertySetDefinition* RelatingPropertyDefinition_ = nullptr;
 };
 
 /// Kind of IfcRelDefines with RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -9012,6 +9067,9 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcTypeObject* RelatingType_ = nullptr;
@@ -9089,7 +9147,8 @@ public:
 
 /// Kind of IfcRelDefinesByProperties with OverridingProperties.
 class IfcRelOverridesProperties : public virtual IFC::IfcComplexType,
-                                  public IfcRelDefinesByProperties {
+                                  public IfcRelDefinesByProperties,
+                                  public IFC::VirtualOverridingRelation {
 public:
     IfcRelOverridesProperties() noexcept;
     ~IfcRelOverridesProperties() noexcept override;
@@ -9098,6 +9157,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void overridingProperties(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceOverridingProperty(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                   IFC::IfcEntity* replacement) override;
 
 private:
     IFC::References<IfcProperty> OverridingProperties_;

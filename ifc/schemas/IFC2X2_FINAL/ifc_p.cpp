@@ -417,6 +417,19 @@ void IfcPhysicalComplexQuantity::writeAttributes(IFC::AttributeWriter& writer) c
     writer.text(Usage_);
 }
 
+void IfcPhysicalComplexQuantity::members(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, HasQuantities_, kIfcPhysicalQuantity);
+}
+
+bool IfcPhysicalComplexQuantity::replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                               IFC::IfcEntity* replacement) {
+    return IFC::replace(pool, HasQuantities_, kIfcPhysicalQuantity, entity, replacement);
+}
+
+IFC::IfcEntity* IfcPhysicalComplexQuantity::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPhysicalComplexQuantity>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPhysicalQuantity =
     IFC::instantiableClass<IfcPhysicalQuantity>(u"IfcPhysicalQuantity", "IFCPHYSICALQUANTITY");
 
@@ -1311,6 +1324,10 @@ void IfcPropertyBoundedValue::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyBoundedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyBoundedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyConstraintRelationship =
     IFC::instantiableClass<IfcPropertyConstraintRelationship>(u"IfcPropertyConstraintRelationship",
                                                               "IFCPROPERTYCONSTRAINTRELATIONSHIP");
@@ -1340,6 +1357,10 @@ void IfcPropertyConstraintRelationship::writeAttributes(IFC::AttributeWriter& wr
     writer.references(RelatedProperties_, kIfcProperty);
     writer.text(Name_);
     writer.text(Description_);
+}
+
+void IfcPropertyConstraintRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedProperties_, kIfcProperty);
 }
 
 constinit const IFC::ClassInfo kIfcPropertyDefinition =
@@ -1413,6 +1434,10 @@ void IfcPropertyEnumeratedValue::writeAttributes(IFC::AttributeWriter& writer) c
     writer.reference(EnumerationReference_, kIfcPropertyEnumeration);
 }
 
+IFC::IfcEntity* IfcPropertyEnumeratedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyEnumeratedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyEnumeration =
     IFC::instantiableClass<IfcPropertyEnumeration>(u"IfcPropertyEnumeration",
                                                    "IFCPROPERTYENUMERATION");
@@ -1465,6 +1490,10 @@ void IfcPropertyListValue::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyListValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyListValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyReferenceValue =
     IFC::instantiableClass<IfcPropertyReferenceValue>(u"IfcPropertyReferenceValue",
                                                       "IFCPROPERTYREFERENCEVALUE");
@@ -1491,6 +1520,10 @@ void IfcPropertyReferenceValue::writeAttributes(IFC::AttributeWriter& writer) co
     IfcSimpleProperty::writeAttributes(writer);
     writer.text(UsageName_);
     writer.select(PropertyReference_, kIfcObjectReferenceSelect);
+}
+
+IFC::IfcEntity* IfcPropertyReferenceValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyReferenceValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertySet =
@@ -1620,6 +1653,10 @@ void IfcPropertyTableValue::writeAttributes(IFC::AttributeWriter& writer) const 
     writer.text(Expression_);
     writer.select(DefiningUnit_, kIfcUnit);
     writer.select(DefinedUnit_, kIfcUnit);
+}
+
+IFC::IfcEntity* IfcPropertyTableValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyTableValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcProtectiveDeviceType =

@@ -2105,7 +2105,9 @@ public:
 };
 
 /// Kind of IfcPropertyDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcPropertyDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcPropertyDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -2114,6 +2116,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -2765,7 +2771,9 @@ private:
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -2774,6 +2782,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -3487,7 +3500,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
@@ -4600,7 +4613,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue and Unit.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -4609,6 +4624,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IfcValue* UpperBoundValue_ = nullptr;
@@ -4636,7 +4653,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -4645,6 +4664,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> EnumerationValues_;
@@ -4669,7 +4690,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with ListValues and Unit.
-class IfcPropertyListValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyListValue : public virtual IFC::IfcComplexType,
+                             public IfcSimpleProperty,
+                             public virtual IFC::Prototype {
 public:
     IfcPropertyListValue() noexcept;
     ~IfcPropertyListValue() noexcept override;
@@ -4679,13 +4702,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> ListValues_;
     IfcUnit* Unit_ = nullptr;
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -4694,6 +4721,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -4750,7 +4779,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit and
 /// DefinedUnit.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -4759,6 +4790,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -5171,7 +5204,9 @@ private:
 };
 
 /// Kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -5180,6 +5215,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcRoot> RelatedObjects_;
@@ -5374,7 +5411,8 @@ protected:
 /// Kind of IfcRelDefines with RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -5389,13 +5427,17 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IfcPropertySetDefinition* RelatingPropertyDefinition_ = nullptr;
 };
 
 /// Kind of IfcRelDefines with RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -5404,6 +5446,9 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcTypeObject* RelatingType_ = nullptr;
@@ -5436,7 +5481,8 @@ public:
 
 /// Kind of IfcRelDefinesByProperties with OverridingProperties.
 class IfcRelOverridesProperties : public virtual IFC::IfcComplexType,
-                                  public IfcRelDefinesByProperties {
+                                  public IfcRelDefinesByProperties,
+                                  public IFC::VirtualOverridingRelation {
 public:
     IfcRelOverridesProperties() noexcept;
     ~IfcRelOverridesProperties() noexcept override;
@@ -5445,6 +5491,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void overridingProperties(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceOverridingProperty(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                   IFC::IfcEntity* replacement) override;
 
 private:
     IFC::References<IfcProperty> OverridingProperties_;

@@ -736,6 +736,10 @@ void IfcPropertyBoundedValue::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyBoundedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyBoundedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyDefinition =
     IFC::instantiableClass<IfcPropertyDefinition>(u"IfcPropertyDefinition",
                                                   "IFCPROPERTYDEFINITION");
@@ -807,6 +811,10 @@ void IfcPropertyEnumeratedValue::writeAttributes(IFC::AttributeWriter& writer) c
     writer.reference(EnumerationReference_, kIfcPropertyEnumeration);
 }
 
+IFC::IfcEntity* IfcPropertyEnumeratedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyEnumeratedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyEnumeration =
     IFC::instantiableClass<IfcPropertyEnumeration>(u"IfcPropertyEnumeration",
                                                    "IFCPROPERTYENUMERATION");
@@ -859,6 +867,10 @@ void IfcPropertyListValue::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyListValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyListValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyReferenceValue =
     IFC::instantiableClass<IfcPropertyReferenceValue>(u"IfcPropertyReferenceValue",
                                                       "IFCPROPERTYREFERENCEVALUE");
@@ -885,6 +897,10 @@ void IfcPropertyReferenceValue::writeAttributes(IFC::AttributeWriter& writer) co
     IfcSimpleProperty::writeAttributes(writer);
     writer.text(UsageName_);
     writer.select(PropertyReference_, kIfcObjectReferenceSelect);
+}
+
+IFC::IfcEntity* IfcPropertyReferenceValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyReferenceValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertySet =
@@ -1014,6 +1030,10 @@ void IfcPropertyTableValue::writeAttributes(IFC::AttributeWriter& writer) const 
     writer.text(Expression_);
     writer.select(DefiningUnit_, kIfcUnit);
     writer.select(DefinedUnit_, kIfcUnit);
+}
+
+IFC::IfcEntity* IfcPropertyTableValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyTableValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcProxy =

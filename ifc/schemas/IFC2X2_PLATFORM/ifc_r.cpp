@@ -496,6 +496,10 @@ void IfcRelAssociates::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.references(RelatedObjects_, kIfcRoot);
 }
 
+void IfcRelAssociates::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedObjects_, kIfcRoot);
+}
+
 constinit const IFC::ClassInfo kIfcRelAssociatesClassification =
     IFC::instantiableClass<IfcRelAssociatesClassification>(u"IfcRelAssociatesClassification",
                                                            "IFCRELASSOCIATESCLASSIFICATION");
@@ -878,6 +882,11 @@ IFC::IfcEntity* IfcRelDefinesByProperties::relatingPropertyDefinition() const {
     return RelatingPropertyDefinition_;
 }
 
+bool IfcRelDefinesByProperties::setRelatedObjects(IFC::MemoryPool& pool,
+                                                  std::span<IFC::IfcEntity* const> objects) {
+    return IFC::assignAll(pool, RelatedObjects_, kIfcObject, objects);
+}
+
 constinit const IFC::ClassInfo kIfcRelDefinesByType =
     IFC::instantiableClass<IfcRelDefinesByType>(u"IfcRelDefinesByType", "IFCRELDEFINESBYTYPE");
 
@@ -899,6 +908,12 @@ void IfcRelDefinesByType::readAttributes(IFC::AttributeReader& reader) {
 void IfcRelDefinesByType::writeAttributes(IFC::AttributeWriter& writer) const {
     IfcRelDefines::writeAttributes(writer);
     writer.reference(RelatingType_, kIfcTypeObject);
+}
+
+IFC::IfcEntity* IfcRelDefinesByType::relatingType() const { return RelatingType_; }
+
+void IfcRelDefinesByType::relatedObjects(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedObjects_, kIfcObject);
 }
 
 constinit const IFC::ClassInfo kIfcRelFillsElement =
@@ -959,6 +974,16 @@ void IfcRelOverridesProperties::readAttributes(IFC::AttributeReader& reader) {
 void IfcRelOverridesProperties::writeAttributes(IFC::AttributeWriter& writer) const {
     IfcRelDefinesByProperties::writeAttributes(writer);
     writer.references(OverridingProperties_, kIfcProperty);
+}
+
+void IfcRelOverridesProperties::overridingProperties(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, OverridingProperties_, kIfcProperty);
+}
+
+bool IfcRelOverridesProperties::replaceOverridingProperty(IFC::MemoryPool& pool,
+                                                          IFC::IfcEntity* entity,
+                                                          IFC::IfcEntity* replacement) {
+    return IFC::replace(pool, OverridingProperties_, kIfcProperty, entity, replacement);
 }
 
 constinit const IFC::ClassInfo kIfcRelProjectsElement =

@@ -479,6 +479,18 @@ void IfcTypeObject::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.references(HasPropertySets_, kIfcPropertySetDefinition);
 }
 
+void IfcTypeObject::propertySets(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, HasPropertySets_, kIfcPropertySetDefinition);
+}
+
+bool IfcTypeObject::replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                       IFC::IfcEntity* replacement) {
+    if (!IFC::replace(pool, HasPropertySets_, kIfcPropertySetDefinition, entity, replacement))
+        return false;
+    HasPropertySets_.present = HasPropertySets_.count > 0;
+    return true;
+}
+
 constinit const IFC::ClassInfo kIfcTypeProduct =
     IFC::instantiableClass<IfcTypeProduct>(u"IfcTypeProduct", "IFCTYPEPRODUCT");
 

@@ -2119,7 +2119,9 @@ private:
 };
 
 /// Kind of IfcObjectDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcObjectDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcObjectDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -2128,6 +2130,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -2594,7 +2600,8 @@ private:
 };
 
 /// Root with ApprovedProperties and Approval.
-class IfcApprovalPropertyRelationship : public virtual IFC::IfcComplexType {
+class IfcApprovalPropertyRelationship : public virtual IFC::IfcComplexType,
+                                        public IFC::VirtualAttachment {
 public:
     IfcApprovalPropertyRelationship() noexcept;
     ~IfcApprovalPropertyRelationship() noexcept override;
@@ -2603,6 +2610,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcProperty> ApprovedProperties_;
@@ -3875,7 +3884,9 @@ private:
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -3884,6 +3895,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -5571,7 +5587,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
@@ -7693,7 +7709,9 @@ private:
 };
 
 /// Kind of IfcPhysicalQuantity with HasQuantities, Discrimination, Quality and Usage.
-class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType, public IfcPhysicalQuantity {
+class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType,
+                                   public IfcPhysicalQuantity,
+                                   public IFC::VComplexProperty {
 public:
     IfcPhysicalComplexQuantity() noexcept;
     ~IfcPhysicalComplexQuantity() noexcept override;
@@ -7702,6 +7720,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcPhysicalQuantity> HasQuantities_;
@@ -8166,7 +8189,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue and Unit.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -8176,6 +8201,8 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IfcValue* UpperBoundValue_ = nullptr;
     IfcValue* LowerBoundValue_ = nullptr;
@@ -8183,7 +8210,8 @@ private:
 };
 
 /// Root with RelatingConstraint, RelatedProperties, Name and Description.
-class IfcPropertyConstraintRelationship : public virtual IFC::IfcComplexType {
+class IfcPropertyConstraintRelationship : public virtual IFC::IfcComplexType,
+                                          public IFC::VirtualAttachment {
 public:
     IfcPropertyConstraintRelationship() noexcept;
     ~IfcPropertyConstraintRelationship() noexcept override;
@@ -8192,6 +8220,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcConstraint* RelatingConstraint_ = nullptr;
@@ -8220,7 +8250,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -8229,6 +8261,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> EnumerationValues_;
@@ -8253,7 +8287,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with ListValues and Unit.
-class IfcPropertyListValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyListValue : public virtual IFC::IfcComplexType,
+                             public IfcSimpleProperty,
+                             public virtual IFC::Prototype {
 public:
     IfcPropertyListValue() noexcept;
     ~IfcPropertyListValue() noexcept override;
@@ -8263,13 +8299,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> ListValues_;
     IfcUnit* Unit_ = nullptr;
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -8278,6 +8318,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -8334,7 +8376,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit and
 /// DefinedUnit.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -8343,6 +8387,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -8976,7 +9022,9 @@ private:
 };
 
 /// Kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -8985,6 +9033,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcRoot> RelatedObjects_;
@@ -9346,7 +9396,8 @@ protected:
 /// Kind of IfcRelDefines with RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -9361,13 +9412,17 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IfcPropertySetDefinition* RelatingPropertyDefinition_ = nullptr;
 };
 
 /// Kind of IfcRelDefines with RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -9376,6 +9431,9 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcTypeObject* RelatingType_ = nullptr;
@@ -9453,7 +9511,8 @@ public:
 
 /// Kind of IfcRelDefinesByProperties with OverridingProperties.
 class IfcRelOverridesProperties : public virtual IFC::IfcComplexType,
-                                  public IfcRelDefinesByProperties {
+                                  public IfcRelDefinesByProperties,
+                                  public IFC::VirtualOverridingRelation {
 public:
     IfcRelOverridesProperties() noexcept;
     ~IfcRelOverridesProperties() noexcept override;
@@ -9462,6 +9521,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void overridingProperties(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceOverridingProperty(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                   IFC::IfcEntity* replacement) override;
 
 private:
     IFC::References<IfcProperty> OverridingProperties_;

@@ -628,6 +628,10 @@ void IfcApprovalPropertyRelationship::writeAttributes(IFC::AttributeWriter& writ
     writer.reference(Approval_, kIfcApproval);
 }
 
+void IfcApprovalPropertyRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, ApprovedProperties_, kIfcProperty);
+}
+
 constinit const IFC::ClassInfo kIfcApprovalRelationship =
     IFC::instantiableClass<IfcApprovalRelationship>(u"IfcApprovalRelationship",
                                                     "IFCAPPROVALRELATIONSHIP");

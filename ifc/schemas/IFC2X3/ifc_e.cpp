@@ -528,9 +528,9 @@ void IfcElementQuantity::quantities(std::vector<IFC::IfcEntity*>& out) const {
     IFC::append(out, Quantities_, kIfcPhysicalQuantity);
 }
 
-bool IfcElementQuantity::replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+bool IfcElementQuantity::replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                                          IFC::IfcEntity* replacement) {
-    return IFC::replace(pool, Quantities_, kIfcPhysicalQuantity, quantity, replacement);
+    return IFC::replace(pool, Quantities_, kIfcPhysicalQuantity, entity, replacement);
 }
 
 IFC::IfcEntity* IfcElementQuantity::clone(IFC::MemoryPool& pool) const {

@@ -3372,7 +3372,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -3382,13 +3384,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> EnumerationValues_;
     IfcPropertyEnumeration* EnumerationReference_ = nullptr;
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -3397,6 +3403,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -3428,7 +3439,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue and Unit.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -3438,6 +3451,8 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IfcValue* UpperBoundValue_ = nullptr;
     IfcValue* LowerBoundValue_ = nullptr;
@@ -3446,7 +3461,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit and
 /// DefinedUnit.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -3455,6 +3472,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -3465,7 +3484,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -3474,6 +3495,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -4112,7 +4135,9 @@ public:
 };
 
 /// Kind of IfcPropertyDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcPropertyDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcPropertyDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -4121,6 +4146,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -4203,7 +4232,8 @@ protected:
 /// Kind of IfcRelDefines with RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -4218,6 +4248,8 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IfcPropertySetDefinition* RelatingPropertyDefinition_ = nullptr;
@@ -4457,7 +4489,9 @@ public:
 };
 
 /// Kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -4466,6 +4500,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcRoot> RelatedObjects_;
@@ -4517,7 +4553,9 @@ private:
 };
 
 /// Kind of IfcRelDefines with RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -4527,13 +4565,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IfcTypeObject* RelatingType_ = nullptr;
 };
 
 /// Kind of IfcRelDefinesByProperties with OverridingProperties.
 class IfcRelOverridesProperties : public virtual IFC::IfcComplexType,
-                                  public IfcRelDefinesByProperties {
+                                  public IfcRelDefinesByProperties,
+                                  public IFC::VirtualOverridingRelation {
 public:
     IfcRelOverridesProperties() noexcept;
     ~IfcRelOverridesProperties() noexcept override;
@@ -4542,6 +4584,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void overridingProperties(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceOverridingProperty(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                   IFC::IfcEntity* replacement) override;
 
 private:
     IFC::References<IfcProperty> OverridingProperties_;
@@ -4916,7 +4962,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 

@@ -395,6 +395,10 @@ void IfcPropertyEnumeratedValue::writeAttributes(IFC::AttributeWriter& writer) c
     writer.reference(EnumerationReference_, kIfcPropertyEnumeration);
 }
 
+IFC::IfcEntity* IfcPropertyEnumeratedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyEnumeratedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcProperty =
     IFC::instantiableClass<IfcProperty>(u"IfcProperty", "IFCPROPERTY");
 
@@ -494,6 +498,10 @@ void IfcPropertyBoundedValue::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyBoundedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyBoundedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyTableValue =
     IFC::instantiableClass<IfcPropertyTableValue>(u"IfcPropertyTableValue",
                                                   "IFCPROPERTYTABLEVALUE");
@@ -529,6 +537,10 @@ void IfcPropertyTableValue::writeAttributes(IFC::AttributeWriter& writer) const 
     writer.select(DefinedUnit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyTableValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyTableValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyReferenceValue =
     IFC::instantiableClass<IfcPropertyReferenceValue>(u"IfcPropertyReferenceValue",
                                                       "IFCPROPERTYREFERENCEVALUE");
@@ -555,6 +567,10 @@ void IfcPropertyReferenceValue::writeAttributes(IFC::AttributeWriter& writer) co
     IfcSimpleProperty::writeAttributes(writer);
     writer.text(UsageName_);
     writer.select(PropertyReference_, kIfcObjectReferenceSelect);
+}
+
+IFC::IfcEntity* IfcPropertyReferenceValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyReferenceValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertyEnumeration =

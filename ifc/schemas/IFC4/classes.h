@@ -2388,7 +2388,9 @@ private:
 };
 
 /// Kind of IfcObjectDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcObjectDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcObjectDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -2397,6 +2399,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -4570,7 +4576,9 @@ private:
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -4579,6 +4587,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -6443,7 +6456,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
@@ -6687,7 +6700,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatingReference and RelatedResourceObjects.
 class IfcExternalReferenceRelationship : public virtual IFC::IfcComplexType,
-                                         public IfcResourceLevelRelationship {
+                                         public IfcResourceLevelRelationship,
+                                         public IFC::VirtualAttachment {
 public:
     IfcExternalReferenceRelationship() noexcept;
     ~IfcExternalReferenceRelationship() noexcept override;
@@ -6696,6 +6710,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcExternalReference* RelatingReference_ = nullptr;
@@ -9071,7 +9087,9 @@ private:
 };
 
 /// Kind of IfcPhysicalQuantity with HasQuantities, Discrimination, Quality and Usage.
-class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType, public IfcPhysicalQuantity {
+class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType,
+                                   public IfcPhysicalQuantity,
+                                   public IFC::VComplexProperty {
 public:
     IfcPhysicalComplexQuantity() noexcept;
     ~IfcPhysicalComplexQuantity() noexcept override;
@@ -9080,6 +9098,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcPhysicalQuantity> HasQuantities_;
@@ -9621,7 +9644,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue, Unit and SetPointValue.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -9630,6 +9655,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IfcValue* UpperBoundValue_ = nullptr;
@@ -9657,7 +9684,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -9666,6 +9695,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> EnumerationValues_;
@@ -9690,7 +9721,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with ListValues and Unit.
-class IfcPropertyListValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyListValue : public virtual IFC::IfcComplexType,
+                             public IfcSimpleProperty,
+                             public virtual IFC::Prototype {
 public:
     IfcPropertyListValue() noexcept;
     ~IfcPropertyListValue() noexcept override;
@@ -9700,13 +9733,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> ListValues_;
     IfcUnit* Unit_ = nullptr;
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -9715,6 +9752,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -9790,7 +9829,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit,
 /// DefinedUnit and CurveInterpolation.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -9799,6 +9840,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -10600,7 +10643,9 @@ private:
 };
 
 /// Abstract kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -10609,6 +10654,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcDefinitionSelect> RelatedObjects_;
@@ -10903,7 +10950,9 @@ private:
 };
 
 /// Kind of IfcRelationship with RelatingContext and RelatedDefinitions.
-class IfcRelDeclares : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelDeclares : public virtual IFC::IfcComplexType,
+                       public IfcRelationship,
+                       public IFC::VirtualAttachment {
 public:
     IfcRelDeclares() noexcept;
     ~IfcRelDeclares() noexcept override;
@@ -10912,6 +10961,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcContext* RelatingContext_ = nullptr;
@@ -10946,7 +10997,8 @@ private:
 /// Kind of IfcRelDefines with RelatedObjects and RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -10961,6 +11013,8 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IFC::References<IfcObjectDefinition> RelatedObjects_;
@@ -10968,7 +11022,9 @@ private:
 };
 
 /// Kind of IfcRelDefines with RelatedPropertySets and RelatingTemplate.
-class IfcRelDefinesByTemplate : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByTemplate : public virtual IFC::IfcComplexType,
+                                public IfcRelDefines,
+                                public IFC::VirtualAttachment {
 public:
     IfcRelDefinesByTemplate() noexcept;
     ~IfcRelDefinesByTemplate() noexcept override;
@@ -10978,13 +11034,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IFC::References<IfcPropertySetDefinition> RelatedPropertySets_;
     IfcPropertySetTemplate* RelatingTemplate_ = nullptr;
 };
 
 /// Kind of IfcRelDefines with RelatedObjects and RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -10993,6 +11053,9 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcObject> RelatedObjects_;
@@ -11255,7 +11318,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatedResourceObjects and RelatingApproval.
 class IfcResourceApprovalRelationship : public virtual IFC::IfcComplexType,
-                                        public IfcResourceLevelRelationship {
+                                        public IfcResourceLevelRelationship,
+                                        public IFC::VirtualAttachment {
 public:
     IfcResourceApprovalRelationship() noexcept;
     ~IfcResourceApprovalRelationship() noexcept override;
@@ -11265,6 +11329,8 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IFC::References<IfcResourceObjectSelect> RelatedResourceObjects_;
     IfcApproval* RelatingApproval_ = nullptr;
@@ -11272,7 +11338,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatingConstraint and RelatedResourceObjects.
 class IfcResourceConstraintRelationship : public virtual IFC::IfcComplexType,
-                                          public IfcResourceLevelRelationship {
+                                          public IfcResourceLevelRelationship,
+                                          public IFC::VirtualAttachment {
 public:
     IfcResourceConstraintRelationship() noexcept;
     ~IfcResourceConstraintRelationship() noexcept override;
@@ -11281,6 +11348,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcConstraint* RelatingConstraint_ = nullptr;

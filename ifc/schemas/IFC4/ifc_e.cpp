@@ -571,9 +571,9 @@ void IfcElementQuantity::quantities(std::vector<IFC::IfcEntity*>& out) const {
     IFC::append(out, Quantities_, kIfcPhysicalQuantity);
 }
 
-bool IfcElementQuantity::replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+bool IfcElementQuantity::replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                                          IFC::IfcEntity* replacement) {
-    return IFC::replace(pool, Quantities_, kIfcPhysicalQuantity, quantity, replacement);
+    return IFC::replace(pool, Quantities_, kIfcPhysicalQuantity, entity, replacement);
 }
 
 IFC::IfcEntity* IfcElementQuantity::clone(IFC::MemoryPool& pool) const {
@@ -953,6 +953,10 @@ void IfcExternalReferenceRelationship::writeAttributes(IFC::AttributeWriter& wri
     IfcResourceLevelRelationship::writeAttributes(writer);
     writer.reference(RelatingReference_, kIfcExternalReference);
     writer.selects(RelatedResourceObjects_, kIfcResourceObjectSelect);
+}
+
+void IfcExternalReferenceRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedResourceObjects_, kIfcResourceObjectSelect);
 }
 
 constinit const IFC::ClassInfo kIfcExternalSpatialElement =

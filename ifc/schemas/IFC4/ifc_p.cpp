@@ -516,6 +516,19 @@ void IfcPhysicalComplexQuantity::writeAttributes(IFC::AttributeWriter& writer) c
     writer.text(Usage_);
 }
 
+void IfcPhysicalComplexQuantity::members(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, HasQuantities_, kIfcPhysicalQuantity);
+}
+
+bool IfcPhysicalComplexQuantity::replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                               IFC::IfcEntity* replacement) {
+    return IFC::replace(pool, HasQuantities_, kIfcPhysicalQuantity, entity, replacement);
+}
+
+IFC::IfcEntity* IfcPhysicalComplexQuantity::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPhysicalComplexQuantity>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPhysicalQuantity =
     IFC::instantiableClass<IfcPhysicalQuantity>(u"IfcPhysicalQuantity", "IFCPHYSICALQUANTITY");
 
@@ -1508,6 +1521,10 @@ void IfcPropertyBoundedValue::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.select(SetPointValue_, kIfcValue);
 }
 
+IFC::IfcEntity* IfcPropertyBoundedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyBoundedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyDefinition =
     IFC::instantiableClass<IfcPropertyDefinition>(u"IfcPropertyDefinition",
                                                   "IFCPROPERTYDEFINITION");
@@ -1578,6 +1595,10 @@ void IfcPropertyEnumeratedValue::writeAttributes(IFC::AttributeWriter& writer) c
     writer.reference(EnumerationReference_, kIfcPropertyEnumeration);
 }
 
+IFC::IfcEntity* IfcPropertyEnumeratedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyEnumeratedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyEnumeration =
     IFC::instantiableClass<IfcPropertyEnumeration>(u"IfcPropertyEnumeration",
                                                    "IFCPROPERTYENUMERATION");
@@ -1633,6 +1654,10 @@ void IfcPropertyListValue::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyListValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyListValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyReferenceValue =
     IFC::instantiableClass<IfcPropertyReferenceValue>(u"IfcPropertyReferenceValue",
                                                       "IFCPROPERTYREFERENCEVALUE");
@@ -1659,6 +1684,10 @@ void IfcPropertyReferenceValue::writeAttributes(IFC::AttributeWriter& writer) co
     IfcSimpleProperty::writeAttributes(writer);
     writer.text(UsageName_);
     writer.select(PropertyReference_, kIfcObjectReferenceSelect);
+}
+
+IFC::IfcEntity* IfcPropertyReferenceValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyReferenceValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertySet =
@@ -1818,6 +1847,10 @@ void IfcPropertyTableValue::writeAttributes(IFC::AttributeWriter& writer) const 
     writer.select(DefiningUnit_, kIfcUnit);
     writer.select(DefinedUnit_, kIfcUnit);
     writer.enumeration(CurveInterpolation_, kIfcCurveInterpolationEnum);
+}
+
+IFC::IfcEntity* IfcPropertyTableValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyTableValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertyTemplate =

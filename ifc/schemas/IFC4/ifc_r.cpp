@@ -964,6 +964,10 @@ void IfcRelAssociates::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.selects(RelatedObjects_, kIfcDefinitionSelect);
 }
 
+void IfcRelAssociates::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedObjects_, kIfcDefinitionSelect);
+}
+
 constinit const IFC::ClassInfo kIfcRelAssociatesApproval =
     IFC::instantiableClass<IfcRelAssociatesApproval>(u"IfcRelAssociatesApproval",
                                                      "IFCRELASSOCIATESAPPROVAL");
@@ -1480,6 +1484,10 @@ void IfcRelDeclares::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.selects(RelatedDefinitions_, kIfcDefinitionSelect);
 }
 
+void IfcRelDeclares::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedDefinitions_, kIfcDefinitionSelect);
+}
+
 constinit const IFC::ClassInfo kIfcRelDecomposes =
     IFC::instantiableClass<IfcRelDecomposes>(u"IfcRelDecomposes", "IFCRELDECOMPOSES");
 
@@ -1573,6 +1581,11 @@ IFC::IfcEntity* IfcRelDefinesByProperties::relatingPropertyDefinition() const {
     return RelatingPropertyDefinition_;
 }
 
+bool IfcRelDefinesByProperties::setRelatedObjects(IFC::MemoryPool& pool,
+                                                  std::span<IFC::IfcEntity* const> objects) {
+    return IFC::assignAll(pool, RelatedObjects_, kIfcObjectDefinition, objects);
+}
+
 constinit const IFC::ClassInfo kIfcRelDefinesByTemplate =
     IFC::instantiableClass<IfcRelDefinesByTemplate>(u"IfcRelDefinesByTemplate",
                                                     "IFCRELDEFINESBYTEMPLATE");
@@ -1602,6 +1615,10 @@ void IfcRelDefinesByTemplate::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.reference(RelatingTemplate_, kIfcPropertySetTemplate);
 }
 
+void IfcRelDefinesByTemplate::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedPropertySets_, kIfcPropertySetDefinition);
+}
+
 constinit const IFC::ClassInfo kIfcRelDefinesByType =
     IFC::instantiableClass<IfcRelDefinesByType>(u"IfcRelDefinesByType", "IFCRELDEFINESBYTYPE");
 
@@ -1626,6 +1643,12 @@ void IfcRelDefinesByType::writeAttributes(IFC::AttributeWriter& writer) const {
     IfcRelDefines::writeAttributes(writer);
     writer.references(RelatedObjects_, kIfcObject);
     writer.reference(RelatingType_, kIfcTypeObject);
+}
+
+IFC::IfcEntity* IfcRelDefinesByType::relatingType() const { return RelatingType_; }
+
+void IfcRelDefinesByType::relatedObjects(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedObjects_, kIfcObject);
 }
 
 constinit const IFC::ClassInfo kIfcRelFillsElement =
@@ -2134,6 +2157,10 @@ void IfcResourceApprovalRelationship::writeAttributes(IFC::AttributeWriter& writ
     writer.reference(RelatingApproval_, kIfcApproval);
 }
 
+void IfcResourceApprovalRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedResourceObjects_, kIfcResourceObjectSelect);
+}
+
 constinit const IFC::ClassInfo kIfcResourceConstraintRelationship =
     IFC::instantiableClass<IfcResourceConstraintRelationship>(u"IfcResourceConstraintRelationship",
                                                               "IFCRESOURCECONSTRAINTRELATIONSHIP");
@@ -2162,6 +2189,10 @@ void IfcResourceConstraintRelationship::writeAttributes(IFC::AttributeWriter& wr
     IfcResourceLevelRelationship::writeAttributes(writer);
     writer.reference(RelatingConstraint_, kIfcConstraint);
     writer.selects(RelatedResourceObjects_, kIfcResourceObjectSelect);
+}
+
+void IfcResourceConstraintRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedResourceObjects_, kIfcResourceObjectSelect);
 }
 
 constinit const IFC::ClassInfo kIfcResourceLevelRelationship =

@@ -2388,7 +2388,9 @@ private:
 };
 
 /// Kind of IfcObjectDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcObjectDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcObjectDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -2397,6 +2399,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -4787,7 +4793,9 @@ private:
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -4796,6 +4804,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -6680,7 +6693,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
@@ -6924,7 +6937,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatingReference and RelatedResourceObjects.
 class IfcExternalReferenceRelationship : public virtual IFC::IfcComplexType,
-                                         public IfcResourceLevelRelationship {
+                                         public IfcResourceLevelRelationship,
+                                         public IFC::VirtualAttachment {
 public:
     IfcExternalReferenceRelationship() noexcept;
     ~IfcExternalReferenceRelationship() noexcept override;
@@ -6933,6 +6947,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcExternalReference* RelatingReference_ = nullptr;
@@ -9380,7 +9396,9 @@ private:
 };
 
 /// Kind of IfcPhysicalQuantity with HasQuantities, Discrimination, Quality and Usage.
-class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType, public IfcPhysicalQuantity {
+class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType,
+                                   public IfcPhysicalQuantity,
+                                   public IFC::VComplexProperty {
 public:
     IfcPhysicalComplexQuantity() noexcept;
     ~IfcPhysicalComplexQuantity() noexcept override;
@@ -9389,6 +9407,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcPhysicalQuantity> HasQuantities_;
@@ -9930,7 +9953,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue, Unit and SetPointValue.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -9939,6 +9964,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IfcValue* UpperBoundValue_ = nullptr;
@@ -9966,7 +9993,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -9975,6 +10004,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> EnumerationValues_;
@@ -9999,7 +10030,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with ListValues and Unit.
-class IfcPropertyListValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyListValue : public virtual IFC::IfcComplexType,
+                             public IfcSimpleProperty,
+                             public virtual IFC::Prototype {
 public:
     IfcPropertyListValue() noexcept;
     ~IfcPropertyListValue() noexcept override;
@@ -10009,13 +10042,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> ListValues_;
     IfcUnit* Unit_ = nullptr;
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -10024,6 +10061,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -10099,7 +10138,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit,
 /// DefinedUnit and CurveInterpolation.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -10108,6 +10149,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -10924,7 +10967,9 @@ private:
 };
 
 /// Abstract kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -10933,6 +10978,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcDefinitionSelect> RelatedObjects_;
@@ -11227,7 +11274,9 @@ private:
 };
 
 /// Kind of IfcRelationship with RelatingContext and RelatedDefinitions.
-class IfcRelDeclares : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelDeclares : public virtual IFC::IfcComplexType,
+                       public IfcRelationship,
+                       public IFC::VirtualAttachment {
 public:
     IfcRelDeclares() noexcept;
     ~IfcRelDeclares() noexcept override;
@@ -11236,6 +11285,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcContext* RelatingContext_ = nullptr;
@@ -11270,7 +11321,8 @@ private:
 /// Kind of IfcRelDefines with RelatedObjects and RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -11285,6 +11337,8 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IFC::References<IfcObjectDefinition> RelatedObjects_;
@@ -11292,7 +11346,9 @@ private:
 };
 
 /// Kind of IfcRelDefines with RelatedPropertySets and RelatingTemplate.
-class IfcRelDefinesByTemplate : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByTemplate : public virtual IFC::IfcComplexType,
+                                public IfcRelDefines,
+                                public IFC::VirtualAttachment {
 public:
     IfcRelDefinesByTemplate() noexcept;
     ~IfcRelDefinesByTemplate() noexcept override;
@@ -11302,13 +11358,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IFC::References<IfcPropertySetDefinition> RelatedPropertySets_;
     IfcPropertySetTemplate* RelatingTemplate_ = nullptr;
 };
 
 /// Kind of IfcRelDefines with RelatedObjects and RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -11317,6 +11377,9 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcObject> RelatedObjects_;
@@ -11579,7 +11642,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatedResourceObjects and RelatingApproval.
 class IfcResourceApprovalRelationship : public virtual IFC::IfcComplexType,
-                                        public IfcResourceLevelRelationship {
+                                        public IfcResourceLevelRelationship,
+                                        public IFC::VirtualAttachment {
 public:
     IfcResourceApprovalRelationship() noexcept;
     ~IfcResourceApprovalRelationship() noexcept override;
@@ -11589,6 +11653,8 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IFC::References<IfcResourceObjectSelect> RelatedResourceObjects_;
     IfcApproval* RelatingApproval_ = nullptr;
@@ -11596,7 +11662,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatingConstraint and RelatedResourceObjects.
 class IfcResourceConstraintRelationship : public virtual IFC::IfcComplexType,
-                                          public IfcResourceLevelRelationship {
+                                          public IfcResourceLevelRelationship,
+                                          public IFC::VirtualAttachment {
 public:
     IfcResourceConstraintRelationship() noexcept;
     ~IfcResourceConstraintRelationship() noexcept override;
@@ -11605,6 +11672,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcConstraint* RelatingConstraint_ = nullptr;

@@ -984,6 +984,10 @@ void IfcRelAssociates::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.selects(RelatedObjects_, kIfcDefinitionSelect);
 }
 
+void IfcRelAssociates::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedObjects_, kIfcDefinitionSelect);
+}
+
 constinit const IFC::ClassInfo kIfcRelAssociatesApproval =
     IFC::instantiableClass<IfcRelAssociatesApproval>(u"IfcRelAssociatesApproval",
                                                      "IFCRELASSOCIATESAPPROVAL");
@@ -1500,6 +1504,10 @@ void IfcRelDeclares::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.selects(RelatedDefinitions_, kIfcDefinitionSelect);
 }
 
+void IfcRelDeclares::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedDefinitions_, kIfcDefinitionSelect);
+}
+
 constinit const IFC::ClassInfo kIfcRelDecomposes =
     IFC::instantiableClass<IfcRelDecomposes>(u"IfcRelDecomposes", "IFCRELDECOMPOSES");
 
@@ -1593,6 +1601,11 @@ IFC::IfcEntity* IfcRelDefinesByProperties::relatingPropertyDefinition() const {
     return RelatingPropertyDefinition_;
 }
 
+bool IfcRelDefinesByProperties::setRelatedObjects(IFC::MemoryPool& pool,
+                                                  std::span<IFC::IfcEntity* const> objects) {
+    return IFC::assignAll(pool, RelatedObjects_, kIfcObjectDefinition, objects);
+}
+
 constinit const IFC::ClassInfo kIfcRelDefinesByTemplate =
     IFC::instantiableClass<IfcRelDefinesByTemplate>(u"IfcRelDefinesByTemplate",
                                                     "IFCRELDEFINESBYTEMPLATE");
@@ -1622,6 +1635,10 @@ void IfcRelDefinesByTemplate::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.reference(RelatingTemplate_, kIfcPropertySetTemplate);
 }
 
+void IfcRelDefinesByTemplate::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedPropertySets_, kIfcPropertySetDefinition);
+}
+
 constinit const IFC::ClassInfo kIfcRelDefinesByType =
     IFC::instantiableClass<IfcRelDefinesByType>(u"IfcRelDefinesByType", "IFCRELDEFINESBYTYPE");
 
@@ -1646,6 +1663,12 @@ void IfcRelDefinesByType::writeAttributes(IFC::AttributeWriter& writer) const {
     IfcRelDefines::writeAttributes(writer);
     writer.references(RelatedObjects_, kIfcObject);
     writer.reference(RelatingType_, kIfcTypeObject);
+}
+
+IFC::IfcEntity* IfcRelDefinesByType::relatingType() const { return RelatingType_; }
+
+void IfcRelDefinesByType::relatedObjects(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedObjects_, kIfcObject);
 }
 
 constinit const IFC::ClassInfo kIfcRelFillsElement =
@@ -2154,6 +2177,10 @@ void IfcResourceApprovalRelationship::writeAttributes(IFC::AttributeWriter& writ
     writer.reference(RelatingApproval_, kIfcApproval);
 }
 
+void IfcResourceApprovalRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedResourceObjects_, kIfcResourceObjectSelect);
+}
+
 constinit const IFC::ClassInfo kIfcResourceConstraintRelationship =
     IFC::instantiableClass<IfcResourceConstraintRelationship>(u"IfcResourceConstraintRelationship",
                                                               "IFCRESOURCECONSTRAINTRELATIONSHIP");
@@ -2182,6 +2209,10 @@ void IfcResourceConstraintRelationship::writeAttributes(IFC::AttributeWriter& wr
     IfcResourceLevelRelationship::writeAttributes(writer);
     writer.reference(RelatingConstraint_, kIfcConstraint);
     writer.selects(RelatedResourceObjects_, kIfcResourceObjectSelect);
+}
+
+void IfcResourceConstraintRelationship::attachedTo(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, RelatedResourceObjects_, kIfcResourceObjectSelect);
 }
 
 constinit const IFC::ClassInfo kIfcResourceLevelRelationship =

@@ -2388,7 +2388,9 @@ private:
 };
 
 /// Kind of IfcObjectDefinition with ApplicableOccurrence and HasPropertySets.
-class IfcTypeObject : public virtual IFC::IfcComplexType, public IfcObjectDefinition {
+class IfcTypeObject : public virtual IFC::IfcComplexType,
+                      public IfcObjectDefinition,
+                      public IFC::VirtualIfcTypeObject {
 public:
     IfcTypeObject() noexcept;
     ~IfcTypeObject() noexcept override;
@@ -2397,6 +2399,10 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void propertySets(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replacePropertySet(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                            IFC::IfcEntity* replacement) override;
 
 private:
     IFC::Text ApplicableOccurrence_;
@@ -4906,7 +4912,9 @@ private:
 };
 
 /// Kind of IfcProperty with UsageName and HasProperties.
-class IfcComplexProperty : public virtual IFC::IfcComplexType, public IfcProperty {
+class IfcComplexProperty : public virtual IFC::IfcComplexType,
+                           public IfcProperty,
+                           public IFC::VComplexProperty {
 public:
     IfcComplexProperty() noexcept;
     ~IfcComplexProperty() noexcept override;
@@ -4915,6 +4923,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -6799,7 +6812,7 @@ public:
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
     void quantities(std::vector<IFC::IfcEntity*>& out) const override;
-    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* quantity,
+    bool replaceQuantity(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
                          IFC::IfcEntity* replacement) override;
     IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
@@ -7043,7 +7056,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatingReference and RelatedResourceObjects.
 class IfcExternalReferenceRelationship : public virtual IFC::IfcComplexType,
-                                         public IfcResourceLevelRelationship {
+                                         public IfcResourceLevelRelationship,
+                                         public IFC::VirtualAttachment {
 public:
     IfcExternalReferenceRelationship() noexcept;
     ~IfcExternalReferenceRelationship() noexcept override;
@@ -7052,6 +7066,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcExternalReference* RelatingReference_ = nullptr;
@@ -9505,7 +9521,9 @@ private:
 };
 
 /// Kind of IfcPhysicalQuantity with HasQuantities, Discrimination, Quality and Usage.
-class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType, public IfcPhysicalQuantity {
+class IfcPhysicalComplexQuantity : public virtual IFC::IfcComplexType,
+                                   public IfcPhysicalQuantity,
+                                   public IFC::VComplexProperty {
 public:
     IfcPhysicalComplexQuantity() noexcept;
     ~IfcPhysicalComplexQuantity() noexcept override;
@@ -9514,6 +9532,11 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void members(std::vector<IFC::IfcEntity*>& out) const override;
+    bool replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                       IFC::IfcEntity* replacement) override;
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcPhysicalQuantity> HasQuantities_;
@@ -10055,7 +10078,9 @@ public:
 };
 
 /// Kind of IfcSimpleProperty with UpperBoundValue, LowerBoundValue, Unit and SetPointValue.
-class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyBoundedValue : public virtual IFC::IfcComplexType,
+                                public IfcSimpleProperty,
+                                public virtual IFC::Prototype {
 public:
     IfcPropertyBoundedValue() noexcept;
     ~IfcPropertyBoundedValue() noexcept override;
@@ -10064,6 +10089,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IfcValue* UpperBoundValue_ = nullptr;
@@ -10091,7 +10118,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with EnumerationValues and EnumerationReference.
-class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyEnumeratedValue : public virtual IFC::IfcComplexType,
+                                   public IfcSimpleProperty,
+                                   public virtual IFC::Prototype {
 public:
     IfcPropertyEnumeratedValue() noexcept;
     ~IfcPropertyEnumeratedValue() noexcept override;
@@ -10100,6 +10129,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> EnumerationValues_;
@@ -10124,7 +10155,9 @@ private:
 };
 
 /// Kind of IfcSimpleProperty with ListValues and Unit.
-class IfcPropertyListValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyListValue : public virtual IFC::IfcComplexType,
+                             public IfcSimpleProperty,
+                             public virtual IFC::Prototype {
 public:
     IfcPropertyListValue() noexcept;
     ~IfcPropertyListValue() noexcept override;
@@ -10134,13 +10167,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
+
 private:
     IFC::References<IfcValue> ListValues_;
     IfcUnit* Unit_ = nullptr;
 };
 
 /// Kind of IfcSimpleProperty with UsageName and PropertyReference.
-class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyReferenceValue : public virtual IFC::IfcComplexType,
+                                  public IfcSimpleProperty,
+                                  public virtual IFC::Prototype {
 public:
     IfcPropertyReferenceValue() noexcept;
     ~IfcPropertyReferenceValue() noexcept override;
@@ -10149,6 +10186,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::Text UsageName_;
@@ -10224,7 +10263,9 @@ private:
 
 /// Kind of IfcSimpleProperty with DefiningValues, DefinedValues, Expression, DefiningUnit,
 /// DefinedUnit and CurveInterpolation.
-class IfcPropertyTableValue : public virtual IFC::IfcComplexType, public IfcSimpleProperty {
+class IfcPropertyTableValue : public virtual IFC::IfcComplexType,
+                              public IfcSimpleProperty,
+                              public virtual IFC::Prototype {
 public:
     IfcPropertyTableValue() noexcept;
     ~IfcPropertyTableValue() noexcept override;
@@ -10233,6 +10274,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* clone(IFC::MemoryPool& pool) const override;
 
 private:
     IFC::References<IfcValue> DefiningValues_;
@@ -11049,7 +11092,9 @@ private:
 };
 
 /// Abstract kind of IfcRelationship with RelatedObjects.
-class IfcRelAssociates : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelAssociates : public virtual IFC::IfcComplexType,
+                         public IfcRelationship,
+                         public IFC::VirtualAttachment {
 public:
     IfcRelAssociates() noexcept;
     ~IfcRelAssociates() noexcept override;
@@ -11058,6 +11103,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcDefinitionSelect> RelatedObjects_;
@@ -11352,7 +11399,9 @@ private:
 };
 
 /// Kind of IfcRelationship with RelatingContext and RelatedDefinitions.
-class IfcRelDeclares : public virtual IFC::IfcComplexType, public IfcRelationship {
+class IfcRelDeclares : public virtual IFC::IfcComplexType,
+                       public IfcRelationship,
+                       public IFC::VirtualAttachment {
 public:
     IfcRelDeclares() noexcept;
     ~IfcRelDeclares() noexcept override;
@@ -11361,6 +11410,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcContext* RelatingContext_ = nullptr;
@@ -11395,7 +11446,8 @@ private:
 /// Kind of IfcRelDefines with RelatedObjects and RelatingPropertyDefinition.
 class IfcRelDefinesByProperties : public virtual IFC::IfcComplexType,
                                   public IfcRelDefines,
-                                  public IFC::VirtualPropertyRelation {
+                                  public IFC::VirtualPropertyRelation,
+                                  public IFC::VirtualRelatedObjects {
 public:
     IfcRelDefinesByProperties() noexcept;
     ~IfcRelDefinesByProperties() noexcept override;
@@ -11410,6 +11462,8 @@ public:
     void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
     bool removeRelatedObject(IFC::MemoryPool& pool, std::u16string_view globalId) override;
     IFC::IfcEntity* relatingPropertyDefinition() const override;
+    bool setRelatedObjects(IFC::MemoryPool& pool,
+                           std::span<IFC::IfcEntity* const> objects) override;
 
 private:
     IFC::References<IfcObjectDefinition> RelatedObjects_;
@@ -11417,7 +11471,9 @@ private:
 };
 
 /// Kind of IfcRelDefines with RelatedPropertySets and RelatingTemplate.
-class IfcRelDefinesByTemplate : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByTemplate : public virtual IFC::IfcComplexType,
+                                public IfcRelDefines,
+                                public IFC::VirtualAttachment {
 public:
     IfcRelDefinesByTemplate() noexcept;
     ~IfcRelDefinesByTemplate() noexcept override;
@@ -11427,13 +11483,17 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IFC::References<IfcPropertySetDefinition> RelatedPropertySets_;
     IfcPropertySetTemplate* RelatingTemplate_ = nullptr;
 };
 
 /// Kind of IfcRelDefines with RelatedObjects and RelatingType.
-class IfcRelDefinesByType : public virtual IFC::IfcComplexType, public IfcRelDefines {
+class IfcRelDefinesByType : public virtual IFC::IfcComplexType,
+                            public IfcRelDefines,
+                            public IFC::VirtualTypeRelation {
 public:
     IfcRelDefinesByType() noexcept;
     ~IfcRelDefinesByType() noexcept override;
@@ -11442,6 +11502,9 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    IFC::IfcEntity* relatingType() const override;
+    void relatedObjects(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IFC::References<IfcObject> RelatedObjects_;
@@ -11720,7 +11783,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatedResourceObjects and RelatingApproval.
 class IfcResourceApprovalRelationship : public virtual IFC::IfcComplexType,
-                                        public IfcResourceLevelRelationship {
+                                        public IfcResourceLevelRelationship,
+                                        public IFC::VirtualAttachment {
 public:
     IfcResourceApprovalRelationship() noexcept;
     ~IfcResourceApprovalRelationship() noexcept override;
@@ -11730,6 +11794,8 @@ public:
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
 
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
+
 private:
     IFC::References<IfcResourceObjectSelect> RelatedResourceObjects_;
     IfcApproval* RelatingApproval_ = nullptr;
@@ -11737,7 +11803,8 @@ private:
 
 /// Kind of IfcResourceLevelRelationship with RelatingConstraint and RelatedResourceObjects.
 class IfcResourceConstraintRelationship : public virtual IFC::IfcComplexType,
-                                          public IfcResourceLevelRelationship {
+                                          public IfcResourceLevelRelationship,
+                                          public IFC::VirtualAttachment {
 public:
     IfcResourceConstraintRelationship() noexcept;
     ~IfcResourceConstraintRelationship() noexcept override;
@@ -11746,6 +11813,8 @@ public:
     void collectReferences(std::deque<IFC::IfcEntity*>& queue) const override;
     void readAttributes(IFC::AttributeReader& reader) override;
     void writeAttributes(IFC::AttributeWriter& writer) const override;
+
+    void attachedTo(std::vector<IFC::IfcEntity*>& out) const override;
 
 private:
     IfcConstraint* RelatingConstraint_ = nullptr;

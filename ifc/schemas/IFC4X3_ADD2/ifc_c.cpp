@@ -1046,6 +1046,19 @@ void IfcComplexProperty::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.references(HasProperties_, kIfcProperty);
 }
 
+void IfcComplexProperty::members(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, HasProperties_, kIfcProperty);
+}
+
+bool IfcComplexProperty::replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                       IFC::IfcEntity* replacement) {
+    return IFC::replace(pool, HasProperties_, kIfcProperty, entity, replacement);
+}
+
+IFC::IfcEntity* IfcComplexProperty::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcComplexProperty>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcComplexPropertyTemplate =
     IFC::instantiableClass<IfcComplexPropertyTemplate>(u"IfcComplexPropertyTemplate",
                                                        "IFCCOMPLEXPROPERTYTEMPLATE");

@@ -545,6 +545,19 @@ void IfcPhysicalComplexQuantity::writeAttributes(IFC::AttributeWriter& writer) c
     writer.text(Usage_);
 }
 
+void IfcPhysicalComplexQuantity::members(std::vector<IFC::IfcEntity*>& out) const {
+    IFC::append(out, HasQuantities_, kIfcPhysicalQuantity);
+}
+
+bool IfcPhysicalComplexQuantity::replaceMember(IFC::MemoryPool& pool, IFC::IfcEntity* entity,
+                                               IFC::IfcEntity* replacement) {
+    return IFC::replace(pool, HasQuantities_, kIfcPhysicalQuantity, entity, replacement);
+}
+
+IFC::IfcEntity* IfcPhysicalComplexQuantity::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPhysicalComplexQuantity>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPhysicalQuantity =
     IFC::instantiableClass<IfcPhysicalQuantity>(u"IfcPhysicalQuantity", "IFCPHYSICALQUANTITY");
 
@@ -1581,6 +1594,10 @@ void IfcPropertyBoundedValue::writeAttributes(IFC::AttributeWriter& writer) cons
     writer.select(SetPointValue_, kIfcValue);
 }
 
+IFC::IfcEntity* IfcPropertyBoundedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyBoundedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyDefinition =
     IFC::instantiableClass<IfcPropertyDefinition>(u"IfcPropertyDefinition",
                                                   "IFCPROPERTYDEFINITION");
@@ -1651,6 +1668,10 @@ void IfcPropertyEnumeratedValue::writeAttributes(IFC::AttributeWriter& writer) c
     writer.reference(EnumerationReference_, kIfcPropertyEnumeration);
 }
 
+IFC::IfcEntity* IfcPropertyEnumeratedValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyEnumeratedValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyEnumeration =
     IFC::instantiableClass<IfcPropertyEnumeration>(u"IfcPropertyEnumeration",
                                                    "IFCPROPERTYENUMERATION");
@@ -1706,6 +1727,10 @@ void IfcPropertyListValue::writeAttributes(IFC::AttributeWriter& writer) const {
     writer.select(Unit_, kIfcUnit);
 }
 
+IFC::IfcEntity* IfcPropertyListValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyListValue>(*this);
+}
+
 constinit const IFC::ClassInfo kIfcPropertyReferenceValue =
     IFC::instantiableClass<IfcPropertyReferenceValue>(u"IfcPropertyReferenceValue",
                                                       "IFCPROPERTYREFERENCEVALUE");
@@ -1732,6 +1757,10 @@ void IfcPropertyReferenceValue::writeAttributes(IFC::AttributeWriter& writer) co
     IfcSimpleProperty::writeAttributes(writer);
     writer.text(UsageName_);
     writer.select(PropertyReference_, kIfcObjectReferenceSelect);
+}
+
+IFC::IfcEntity* IfcPropertyReferenceValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyReferenceValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertySet =
@@ -1891,6 +1920,10 @@ void IfcPropertyTableValue::writeAttributes(IFC::AttributeWriter& writer) const 
     writer.select(DefiningUnit_, kIfcUnit);
     writer.select(DefinedUnit_, kIfcUnit);
     writer.enumeration(CurveInterpolation_, kIfcCurveInterpolationEnum);
+}
+
+IFC::IfcEntity* IfcPropertyTableValue::clone(IFC::MemoryPool& pool) const {
+    return pool.create<IfcPropertyTableValue>(*this);
 }
 
 constinit const IFC::ClassInfo kIfcPropertyTemplate =
