@@ -20,6 +20,10 @@ std::u16string guidText(const platform::GuidBytes& guid);
 /// The bits of an IFC GUID; empty when `text` is none.
 std::optional<platform::GuidBytes> guidBytes(std::u16string_view text);
 
+/// The GUID that follows from `name`: the same for the same name, whenever and wherever it is asked
+/// for.
+std::u16string namedIfcGuid(std::u16string_view name);
+
 /// A new GUID. When the system gives none the user is told by a message box, and the text is empty.
 std::u16string newIfcGuid();
 

@@ -183,6 +183,10 @@ private:
     static void skipStatement(Tokenizer& tokenizer);
     bool inputFits(const FileStream::InputStream& stream);
     Step checkProgress(const FileStream::InputStream& stream);
+    VirtualIfcRoot* rootOf(IfcEntity* entity) {
+        return static_cast<VirtualIfcRoot*>(casts.cast(entity, kRoot).part);
+    }
+    std::u16string freeGuid(const std::u16string& name) const;
     void repairGuids();
     void fail() { state_ = State::Failed; }
     void reportHere(std::u16string_view text, int flag = 0) { report(errors_, "", text, flag); }
@@ -629,24 +633,36 @@ ModelParser::Reading::Step ModelParser::Reading::checkProgress(
     return Step::Stop;
 }
 
-/// Every rooted entity gets a GUID of its own.
+/// The first of the GUIDs that follow from `name` which nothing in the file has.
+std::u16string ModelParser::Reading::freeGuid(const std::u16string& name) const {
+    std::u16string guid = namedIfcGuid(name);
+    for (std::int64_t attempt = 1; model_.findByGuid(guid); ++attempt)
+        guid = namedIfcGuid(name + u":" + decimal(attempt));
+    return guid;
+}
+
+/// Every rooted entity gets a GUID of its own. It follows from the file alone, so that edits find
+/// their objects and sets at the next reading.
 void ModelParser::Reading::repairGuids() {
     std::u16string lines;
+    std::vector<IfcEntity*> withoutOwn;
     model_.reserveGuids(model_.rooted().size());
     for (IfcEntity* entity : model_.rooted()) {
-        auto* root = static_cast<VirtualIfcRoot*>(casts.cast(entity, kRoot).part);
+        const std::u16string_view guid = rootOf(entity)->globalId();
+        if (guid.empty() || !model_.registerGuid(guid, entity))
+            withoutOwn.push_back(entity);
+    }
+    for (IfcEntity* entity : withoutOwn) {
+        VirtualIfcRoot* root = rootOf(entity);
         const std::u16string_view old = root->globalId();
-        if (!old.empty() && model_.registerGuid(old, entity))
-            continue;
-        const std::u16string guid = newIfcGuid();
-        if (guid.empty())
-            continue;
+        const std::u16string guid = freeGuid(decimal(entity->id()).append(u":").append(old));
         if (old.empty())
             lines += std::u16string(texts::kObject) + entity->typeName() +
                      std::u16string(texts::kHasNoGuid) + guid + u"\n";
         else
             lines += std::u16string(texts::kObjectWithGuid) + std::u16string(old) +
                      std::u16string(texts::kGuidExists) + u"\"" + guid + u"\"\n";
+        model_.noteReplacedGuid(entity, old);
         model_.markEdited(entity);
         root->setGlobalId(pool, guid);
         if (const RecordShape* shape = model_.shapeOf(entity); shape && shape->raw.contains(0))

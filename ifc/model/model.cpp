@@ -4,6 +4,7 @@
 #include <array>
 
 #include "ifc/io/parser_texts.h"
+#include "ifc/model/property_queries.h"
 #include "ifc/model/views.h"
 
 namespace IFC {
@@ -96,6 +97,32 @@ void Model::adopt(IfcEntity* entity) {
     entity->setId(
         static_cast<std::int32_t>(static_cast<std::uint32_t>(table_.largestNumber()) + 1));
     add(entity);
+}
+
+void Model::noteReplacedGuid(IfcEntity* entity, std::u16string_view inFile) {
+    replacedGuids_.emplace(entity, inFile);
+    byReplacedGuid_[inFile].push_back(entity);
+}
+
+std::optional<std::u16string_view> Model::replacedGuid(const IfcEntity* entity) const {
+    const auto found = replacedGuids_.find(entity);
+    return found == replacedGuids_.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool Model::hasGuid(IfcEntity* entity, std::u16string_view guid) const {
+    return guidOf(entity) == guid || replacedGuid(entity) == guid;
+}
+
+std::vector<IfcEntity*> Model::findAllByGuid(std::u16string_view guid) const {
+    std::vector<IfcEntity*> all;
+    if (guid.empty())
+        return all;
+    if (IfcEntity* kept = findByGuid(guid))
+        all.push_back(kept);
+    if (const auto others = byReplacedGuid_.find(guid); others != byReplacedGuid_.end())
+        all.insert(all.end(), others->second.begin(), others->second.end());
+    std::erase_if(all, [](const IfcEntity* entity) { return entity->isDeleted(); });
+    return all;
 }
 
 void Model::recordReferencing() {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -66,6 +67,18 @@ public:
         return guids_.insert(guid, entity);
     }
 
+    /// Keeps what the file has as the GUID of `entity`, which got another one when it was read.
+    /// inFile: stored in the pool.
+    void noteReplacedGuid(IfcEntity* entity, std::u16string_view inFile);
+    /// What the file has as the GUID of an entity that got another one when it was read: the GUID
+    /// of another entity, or nothing. No value for entities that have the file's.
+    std::optional<std::u16string_view> replacedGuid(const IfcEntity* entity) const;
+    /// Whether `entity` has that GUID, here or in the file.
+    bool hasGuid(IfcEntity* entity, std::u16string_view guid) const;
+    /// All that have that GUID, here or in the file: the one that kept it first, then the others in
+    /// the order of the file; without deleted ones. An empty text finds nothing.
+    std::vector<IfcEntity*> findAllByGuid(std::u16string_view guid) const;
+
     // The instances that editing needs; the first of each in the file, null when there is none.
     IfcEntity* unitAssignment() const { return unitAssignment_; }
     IfcEntity* project() const { return project_; }
@@ -109,6 +122,8 @@ private:
     std::vector<IfcEntity*> rooted_;
     std::unordered_map<std::string_view, const ClassInfo*> classes_;
     GuidIndex guids_;
+    std::unordered_map<const IfcEntity*, std::u16string_view> replacedGuids_;
+    std::unordered_map<std::u16string_view, std::vector<IfcEntity*>> byReplacedGuid_;
     std::unordered_map<const IfcEntity*, RecordShape> shapes_;
     std::vector<IfcEntity*> editableOwners_;
     bool referencingRecorded_ = false;
