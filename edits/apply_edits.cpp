@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "edits/apply_texts.h"
-#include "ifc/io/token.h"
-#include "ifc/model/model.h"
+#include "edits/edit_targets.h"
+#include "ifc/model/entity.h"
 #include "ifc/model/property_operations.h"
 #include "ifc/model/property_queries.h"
 
@@ -17,15 +17,13 @@ namespace {
 class Application {
 public:
     Application(Model& model, const ErrorCallback& errors)
-        : model_(model), errors_(errors), operations_(model, errors) {}
+        : errors_(errors), operations_(model, errors), targets_(operations_, errors) {}
 
     void applyTo(std::int32_t number, const ObjectEdits& edits);
     ApplyResult finish();
 
 private:
-    IfcEntity* findObject(std::int32_t number, const ObjectEdits& edits);
-    IfcEntity* findSet(const IfcPropertySet& record);
-    void addSet(std::int32_t number, const IfcPropertySet& record);
+    void addSet(IfcEntity* object, const IfcPropertySet& record);
     void editSet(IfcEntity* object, const IfcPropertySet& record);
     bool deleteSet(IfcEntity* object, const IfcPropertySet& record);
     /// done: at least in part. failed: likewise.
@@ -34,21 +32,21 @@ private:
         result_.failed += failed ? 1 : 0;
     }
 
-    Model& model_;
     const ErrorCallback& errors_;
     PropertyOperations operations_;
+    EditTargets targets_;
     std::vector<std::u16string> emptySets_;
     ApplyResult result_;
 };
 
 void Application::applyTo(std::int32_t number, const ObjectEdits& edits) {
-    IfcEntity* object = findObject(number, edits);
+    IfcEntity* object = targets_.findObject(number, edits.objectGuid);
     if (!object) {
         result_.failed += edits.newSets.size() + edits.editedSets.size() + edits.deletedSets.size();
         return;
     }
     for (const auto& record : edits.newSets)
-        addSet(number, *record);
+        addSet(object, *record);
     for (const auto& record : edits.editedSets)
         editSet(object, *record);
     for (const auto& record : edits.deletedSets) {
@@ -57,32 +55,7 @@ void Application::applyTo(std::int32_t number, const ObjectEdits& edits) {
     }
 }
 
-/// Null, and a report, also when the number names another object than the one that was edited.
-IfcEntity* Application::findObject(std::int32_t number, const ObjectEdits& edits) {
-    const std::u16string begin =
-        std::u16string(texts::kObjectWithNumber) + widened(std::to_string(number));
-    IfcEntity* object = model_.find(number);
-    if (!object) {
-        report(errors_, "", begin + std::u16string(texts::kObjectNotFound));
-        return nullptr;
-    }
-    if (!edits.objectGuid.empty() && guidOf(object) != edits.objectGuid) {
-        report(errors_, "", begin + std::u16string(texts::kObjectHasOtherGuid) + edits.objectGuid);
-        return nullptr;
-    }
-    return object;
-}
-
-IfcEntity* Application::findSet(const IfcPropertySet& record) {
-    IfcEntity* set = operations_.FindPropertySetByGuid(record.SetIdentifier);
-    if (!set)
-        report(errors_, "",
-               std::u16string(texts::kPropertySetGuid) + record.SetIdentifier +
-                   std::u16string(texts::kSetNotFound));
-    return set;
-}
-
-void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
+void Application::addSet(IfcEntity* object, const IfcPropertySet& record) {
     std::vector<IfcProperty> properties;
     for (const auto& [name, property] : record.properties) {
         if (property.state != kPropertyDeleted)
@@ -93,7 +66,7 @@ void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
         return;
     }
     const std::size_t made =
-        operations_.addPropertySet(number, record.SetIdentifier, record.name, properties);
+        operations_.addPropertySet(object->id(), record.SetIdentifier, record.name, properties);
     count(made > 0, made < properties.size());
 }
 
@@ -101,7 +74,7 @@ void Application::addSet(std::int32_t number, const IfcPropertySet& record) {
 /// before deletions, so that a set that ends with other properties than it had is not removed
 /// between them.
 void Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
-    IfcEntity* shared = findSet(record);
+    IfcEntity* shared = targets_.findSet(object, record.SetIdentifier);
     if (!shared)
         return count(false, true);
     const bool renamed = !record.name.empty() && nameOf(shared) != record.name;
@@ -145,7 +118,7 @@ void Application::editSet(IfcEntity* object, const IfcPropertySet& record) {
 }
 
 bool Application::deleteSet(IfcEntity* object, const IfcPropertySet& record) {
-    IfcEntity* set = findSet(record);
+    IfcEntity* set = targets_.findSet(object, record.SetIdentifier);
     if (!set)
         return false;
     operations_.deleteSet(set, object);

@@ -9,6 +9,8 @@ inline constexpr std::u16string_view kObjectWithNumber = u"Object with IFC numbe
 inline constexpr std::u16string_view kObjectNotFound = u" not found.";
 inline constexpr std::u16string_view kObjectHasOtherGuid =
     u" has another GUID than the edited object: ";
+inline constexpr std::u16string_view kObjectHasOtherNumber =
+    u" is another object now. The edits were made on one that is found by its GUID, as #";
 inline constexpr std::u16string_view kPropertySetGuid = u"Property set guid: ";
 inline constexpr std::u16string_view kSetNotFound = u" not found.";
 inline constexpr std::u16string_view kEmptySets =

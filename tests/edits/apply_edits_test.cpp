@@ -320,6 +320,25 @@ const std::vector<Case>& cases() {
          .edits = {.deletedSets = {set(u"s1", u"Set")}, .guid = u"w9"},
          .changes = "",
          .reports = {"Object with IFC number: 10 has another GUID than the edited object: w9"}},
+        {.title = "an object and a set by the GUIDs that the file has, though others kept them",
+         .data = kWalls + "#20=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
+                          "#30=IFCPROPERTYSET('s1',$,'Set',$,(#20));\n"
+                          "#40=IFCRELDEFINESBYPROPERTIES('s1',$,$,$,(#10),#30);\n"
+                          "#13=IFCWALL('w1',$,'Four',$,$,$,$,$,$);\n"
+                          "#21=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
+                          "#31=IFCPROPERTYSET('s1',$,'Set',$,(#21));\n"
+                          "#41=IFCRELDEFINESBYPROPERTIES($,$,$,$,(#13),#31);\n",
+         .edits = {.editedSets = {set(u"s1", u"Set", {edited(u"A", u"y")})}, .number = 13},
+         .changes = "- #21=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
+                    "+ #21=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('y'),$);\n",
+         .reports = {}},
+        {.title = "a number that another object has now, and a GUID that one has",
+         .data = kOwn,
+         .edits = {.editedSets = {set(u"s1", u"Set", {edited(u"A", u"y")})}, .number = 12},
+         .changes = "- #20=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('x'),$);\n"
+                    "+ #20=IFCPROPERTYSINGLEVALUE('A',$,IFCLABEL('y'),$);\n",
+         .reports = {"Object with IFC number: 12 is another object now. The edits were made on one "
+                     "that is found by its GUID, as #10"}},
         {.title = "a number that is gone",
          .data = kOwn,
          .edits = {.deletedSets = {set(u"s1", u"Set")}, .number = 99},
