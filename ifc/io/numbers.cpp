@@ -7,6 +7,7 @@
 #include <limits>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "ifc/io/io_texts.h"
 #include "platform/message_box.h"
@@ -142,6 +143,44 @@ std::optional<double> realOf(std::u16string_view text) {
         return bytes.front() == '-' ? -0.0 : 0.0;
     }
     return value;
+}
+
+std::optional<std::int64_t> integerOf(std::u16string_view text) {
+    const std::optional<double> real = realOf(text);
+    if (!real || std::trunc(*real) != *real)
+        return std::nullopt;
+    // Exact where the double is not: 64-bit numbers written without a point.
+    text = trimmed(text);
+    if (text.front() == u'+')
+        text.remove_prefix(1);
+    const std::string digits(text.begin(), text.end());  // ASCII, because it is a number
+    const char* const last = digits.data() + digits.size();
+    std::int64_t value = 0;
+    const auto [stop, error] = std::from_chars(digits.data(), last, value);
+    if (error == std::errc() && stop == last)
+        return value;
+    constexpr double kLargestExact = 9007199254740992.0;  // 2^53
+    if (std::abs(*real) > kLargestExact)
+        return std::nullopt;
+    return static_cast<std::int64_t>(*real);
+}
+
+std::optional<Truth> truthOf(std::u16string_view text) {
+    constexpr std::pair<std::u16string_view, Truth> kWords[] = {
+        {u"TRUE", Truth::True},   {u"T", Truth::True},          {u".T.", Truth::True},
+        {u"1", Truth::True},      {u"YES", Truth::True},        {u"FALSE", Truth::False},
+        {u"F", Truth::False},     {u".F.", Truth::False},       {u"0", Truth::False},
+        {u"NO", Truth::False},    {u"UNKNOWN", Truth::Unknown}, {u"U", Truth::Unknown},
+        {u".U.", Truth::Unknown},
+    };
+    std::u16string upper(trimmed(text));
+    for (char16_t& unit : upper)
+        if (unit >= u'a' && unit <= u'z')
+            unit = static_cast<char16_t>(unit - u'a' + u'A');
+    for (const auto& [word, truth] : kWords)
+        if (upper == word)
+            return truth;
+    return std::nullopt;
 }
 
 double toReal(std::u16string_view text) {

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
-/// Real numbers as text, independent of the process locale.
+/// Numbers and truth values as text, independent of the process locale.
 namespace IFC {
 
 /// Room that `formatReal` needs: sign, 17 digits, "." and "E-308", or the zeros of a small number.
@@ -26,7 +27,15 @@ bool isTooLarge(std::string_view number);
 /// it is none or too large for a double.
 std::optional<double> realOf(std::u16string_view text);
 
-/// The same for callers who want 0 then; the user is told by a message box.
+/// The whole number that `text` is; "12." and "1.2E1" are 12. Empty when it is none, and when it is
+/// beyond 64 bits or, with a point or an exponent, beyond what a double holds exactly.
+std::optional<std::int64_t> integerOf(std::u16string_view text);
+
+enum class Truth { False, True, Unknown };
+/// "true", "T", ".T.", "yes" and "1", "false" and its like, "unknown", "U" and ".U.", in any case.
+std::optional<Truth> truthOf(std::u16string_view text);
+
+/// The same as realOf for callers who want 0 then; the user is told by a message box.
 double toReal(std::u16string_view text);
 
 }  // namespace IFC

@@ -1,8 +1,6 @@
 #include "ifc/model/property_operations.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 #include "ifc/io/guid.h"
 #include "ifc/io/numbers.h"
@@ -52,38 +50,14 @@ std::vector<IfcEntity*> relationsOf(const IfcEntity* set) {
     return relations;
 }
 
-std::optional<std::int64_t> integerOf(std::u16string_view text) {
-    const std::optional<double> real = realOf(text);
-    if (!real || std::trunc(*real) != *real)
-        return std::nullopt;
-    // Exact where the double is not: 64-bit numbers written without a point.
-    const std::string digits = keyOf(text);
-    const auto begin = std::find_if(digits.begin(), digits.end(), [](char c) { return c != ' '; });
-    std::int64_t value = 0;
-    const char* const last = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(&*begin, last, value);
-    if (error == std::errc() && std::all_of(stop, last, [](char c) { return c == ' '; }))
-        return value;
-    constexpr double kLargestExact = 9007199254740992.0;  // 2^53
-    if (std::abs(*real) > kLargestExact)
-        return std::nullopt;
-    return static_cast<std::int64_t>(*real);
-}
-
-std::optional<Logical> logicalOf(std::u16string_view text, bool unknownAllowed) {
-    const std::string key = keyOf(text);
-    for (const std::string_view name : {"TRUE", "T", ".T.", "1", "YES"}) {
-        if (key == name)
-            return Logical{Logical::kTrue, true};
-    }
-    for (const std::string_view name : {"FALSE", "F", ".F.", "0", "NO"}) {
-        if (key == name)
-            return Logical{Logical::kFalse, true};
-    }
-    for (const std::string_view name : {"UNKNOWN", "U", ".U."}) {
-        if (key == name && unknownAllowed)
-            return Logical{Logical::kUnknown, true};
-    }
+std::optional<Logical> logicalOf(std::u16string_view text, bool isUnknownAllowed) {
+    const std::optional<Truth> truth = truthOf(text);
+    if (truth == Truth::True)
+        return Logical{Logical::kTrue, true};
+    if (truth == Truth::False)
+        return Logical{Logical::kFalse, true};
+    if (truth == Truth::Unknown && isUnknownAllowed)
+        return Logical{Logical::kUnknown, true};
     return std::nullopt;
 }
 

@@ -39,15 +39,17 @@ IfcProperty successor(const IfcProperty& predecessor, IfcProperty record) {
         record.initialName = record.name;  // the file knows no other
     else if (!predecessor.initialName.empty())
         record.initialName = predecessor.initialName;
-    if (record.value.empty()) {
+    if (record.value.empty() && !record.clearsValue) {
         record.value = predecessor.value;
         record.valueType = predecessor.valueType;
+        record.clearsValue = predecessor.clearsValue;
     }
     fillFrom(predecessor.quantityType, record.quantityType);
     fillFrom(predecessor.entityName, record.entityName);
-    if (record.unit.empty()) {
+    if (record.unit.empty() && !record.clearsUnit) {
         record.unit = predecessor.unit;
         record.prefix = predecessor.prefix;
+        record.clearsUnit = predecessor.clearsUnit;
     }
     return record;
 }

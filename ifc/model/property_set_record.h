@@ -21,6 +21,9 @@ struct IfcProperty {
     std::u16string prefix;                // "KILO" or empty
     std::u16string unit;                  // "METRE" or empty
     std::int32_t state = kPropertyUnchanged;  // PropertyState
+    // An empty text above leaves what the file has. These say that it is to be empty.
+    bool clearsValue = false;
+    bool clearsUnit = false;
 
     bool operator==(const IfcProperty&) const = default;
 };
@@ -51,9 +54,9 @@ public:
     bool AddProperty(const IfcProperty& record, AddPropertyOperation& operation);
 
     /// Puts `record` in the place of its predecessor, of which it keeps the state and the initial
-    /// name, and takes over what `record` leaves empty: value and value type count as one field, so
-    /// do unit and prefix, because the prefix of one unit would falsify another. Refuses a rename
-    /// to a name that is taken.
+    /// name, and takes over what `record` leaves empty and does not clear: value and value type
+    /// count as one field, so do unit and prefix, because the prefix of one unit would falsify
+    /// another. Refuses a rename to a name that is taken.
     /// @return the record as held, valid until the next change of `properties`; null when it was
     /// refused.
     IfcProperty* EditProperty(const IfcProperty& record);

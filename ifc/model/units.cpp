@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <stdexcept>
+#include <string>
 
 #include "ifc/model/record_texts.h"
 
@@ -207,6 +209,108 @@ std::optional<SIUnit> siUnitFromLabel(std::u16string_view label) {
     if (index >= kLabelsPerGroup)
         unit.prefix = static_cast<IfcSIPrefix>(index / kLabelsPerGroup - 1);
     return unit;
+}
+
+namespace {
+
+struct OtherSign {
+    std::u16string_view written;
+    std::u16string_view meant;
+};
+/// The same signs as other keyboards and programs write them.
+constexpr OtherSign kOtherSigns[] = {
+    {u"\u00B2", u"2"},        // superscripts
+    {u"\u00B3", u"3"},        //
+    {u"^", u""},              // m^2
+    {u"\u00B5", u"\u03BC"},   // the micro sign
+    {u"\u2126", u"\u03A9"},   // the ohm sign
+    {u"\u2103", u"\u00B0C"},  // degree Celsius in one sign
+    {u"\u212A", u"K"},        // the kelvin sign
+};
+
+constexpr std::u16string_view kBlanks = u" \t\u00A0\u2009\u202F";
+
+std::u16string withUsualSigns(std::u16string_view text) {
+    std::u16string usual;
+    for (const char16_t sign : text) {
+        const auto other =
+            std::find_if(std::begin(kOtherSigns), std::end(kOtherSigns),
+                         [sign](const OtherSign& each) { return each.written[0] == sign; });
+        if (other != std::end(kOtherSigns))
+            usual += other->meant;
+        else if (kBlanks.find(sign) == std::u16string_view::npos)
+            usual += sign;
+    }
+    return usual;
+}
+
+/// Upper case, without what parts words, and spelt as in the schemas.
+std::string nameKey(std::u16string_view text) {
+    std::string key;
+    for (const char16_t sign : text) {
+        if (sign == u'_')
+            continue;
+        const char byte = sign < 0x80 ? static_cast<char>(sign) : '?';
+        key.push_back(byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte);
+    }
+    const auto respell = [&key](std::string_view other, std::string_view usual) {
+        const std::size_t at = key.find(other);
+        if (at != std::string::npos)
+            key.replace(at, other.size(), usual);
+    };
+    respell("METER", "METRE");
+    respell("DEGREESCELSIUS", "DEGREECELSIUS");
+    return key;
+}
+
+bool isSymbolOf(std::size_t unit, std::u16string_view text) {
+    const std::u16string_view symbol = kUnits[unit].symbol;
+    const auto name = static_cast<IfcSIUnitName>(unit);
+    return (!symbol.empty() && text == symbol) || (name == IfcSIUnitName::MOLE && text == u"mol") ||
+           (name == IfcSIUnitName::WEBER && text == u"Wb");
+}
+
+/// The unit for which `isMeant(unit, rest)` holds, rest being the text without the prefix that
+/// `lengthOf(prefix, text)` finds at its beginning.
+template <class IsMeant, class Text, class LengthOf>
+std::optional<SIUnit> unitWhere(const Text& text, IsMeant isMeant, LengthOf lengthOf) {
+    for (std::size_t unit = 0; unit < kUnits.size(); ++unit)
+        if (isMeant(unit, text))
+            return SIUnit{.prefix = {}, .name = static_cast<IfcSIUnitName>(unit)};
+    for (std::size_t prefix = 0; prefix < kPrefixes.size(); ++prefix) {
+        const std::size_t length = lengthOf(kPrefixes[prefix], text);
+        for (std::size_t unit = 0; length > 0 && unit < kUnits.size(); ++unit)
+            if (isMeant(unit, Text(text.substr(length))))
+                return SIUnit{.prefix = static_cast<IfcSIPrefix>(prefix),
+                              .name = static_cast<IfcSIUnitName>(unit)};
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<SIUnit> siUnitFromText(std::u16string_view text) {
+    if (const auto unit = siUnitFromLabel(text))
+        return unit;
+    const std::u16string symbol = withUsualSigns(text);
+    const auto bySymbol =
+        unitWhere(symbol, isSymbolOf, [](const PrefixRow& prefix, const auto& in) {
+            if (in.starts_with(prefix.symbol))
+                return prefix.symbol.size();
+            const bool isMicro = prefix.name == "MICRO" && in.starts_with(u"u");
+            return static_cast<std::size_t>(isMicro);
+        });
+    if (bySymbol)
+        return bySymbol;
+    return unitWhere(
+        nameKey(symbol),
+        [](std::size_t unit, const std::string& name) {
+            return nameKey(std::u16string(kUnits[unit].name.begin(), kUnits[unit].name.end())) ==
+                   name;
+        },
+        [](const PrefixRow& prefix, const std::string& name) {
+            return name.starts_with(prefix.name) ? prefix.name.size() : 0;
+        });
 }
 
 }  // namespace IFC

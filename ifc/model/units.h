@@ -114,4 +114,10 @@ std::u16string_view siUnitLabel(const SIUnit& unit);
 /// The unit whose label equals `label`.
 std::optional<SIUnit> siUnitFromLabel(std::u16string_view label);
 
+/// The unit that people mean by a text: one of the labels; a symbol, with an optional prefix ("mm",
+/// "m2", "m\u00B2", "\u00B5m", "um", "mol"); or a name ("METRE", "MILLI METRE", "millimeter",
+/// "square metre"). The case of symbols counts, that of names does not. A symbol without a prefix
+/// comes first: "cd" is the candela.
+std::optional<SIUnit> siUnitFromText(std::u16string_view text);
+
 }  // namespace IFC

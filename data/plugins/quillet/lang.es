@@ -43,6 +43,7 @@ UnableToDeletePropertySet=No se puede eliminar el conjunto de propiedades.
 object_not_in_file=El objeto no procede de ningún archivo IFC cargado y no se puede editar.
 type_object_not_editable=Los conjuntos de propiedades de los tipos no se pueden editar: pertenecen a todos los objetos del tipo.
 set_not_editable=La forma de este conjunto está fijada por el esquema IFC y no se puede editar.
+set_guid_missing=No se ha indicado el GUID del conjunto de propiedades
 property_not_editable=Solo se pueden editar valores simples y cantidades.
 set_name_missing=Introduzca un nombre para el conjunto de propiedades.
 set_name_taken=El objeto ya tiene un conjunto de propiedades con este nombre.
@@ -52,9 +53,15 @@ value_missing=Introduzca un valor. Para quitar un valor, elimine la propiedad.
 value_is_no_number=El valor debe ser un número, con un punto delante de los decimales.
 value_is_no_integer=El valor debe ser un número entero.
 value_is_no_truth_value=El valor debe ser sí o no.
+value_is_no_logical=«{1}» no es un {2}. Se espera: sí, no o desconocido (yes, no, unknown)
+value_out_of_range=«{1}» no es un {2}. Se espera: un número {3}
+value_is_no_time=«{1}» no es un {2}. Se espera (ISO 8601): {3}
+value_is_no_text=Un valor de tipo {2} no se puede introducir como texto: «{1}»
 unknown_quantity_type=Elija un tipo de cantidad.
 unknown_unit=La unidad no pertenece al SI. Elija una de la lista.
+unit_not_of_si=«{1}» no es una unidad del SI. Introduzca el valor en {2}.
 unit_not_of_quantity=Esta unidad no mide una cantidad de ese tipo. Elija metros cuadrados para áreas, metros para longitudes, metros cúbicos para volúmenes, gramos para pesos, segundos para tiempos, con cualquier prefijo, y ninguna para recuentos.
+type_without_unit={2} no tiene unidad del SI y «{1}» no lo mide.
 unit_missing=Elija una unidad. Para quitar una unidad, elimine la propiedad y añádala de nuevo.
 
 # Property window

@@ -43,6 +43,7 @@ UnableToDeletePropertySet=Nie można usunąć zestawu właściwości.
 object_not_in_file=Obiekt nie pochodzi z żadnego wczytanego pliku IFC i nie można go edytować.
 type_object_not_editable=Zestawów właściwości typów nie można edytować: należą do wszystkich obiektów danego typu.
 set_not_editable=Postać tego zestawu jest ustalona przez schemat IFC i nie można go edytować.
+set_guid_missing=Nie podano identyfikatora GUID zestawu właściwości
 property_not_editable=Edytować można tylko wartości pojedyncze i ilości.
 set_name_missing=Podaj nazwę zestawu właściwości.
 set_name_taken=Obiekt ma już zestaw właściwości o tej nazwie.
@@ -52,9 +53,15 @@ value_missing=Podaj wartość. Aby usunąć wartość, usuń właściwość.
 value_is_no_number=Wartość musi być liczbą z kropką przed częścią dziesiętną.
 value_is_no_integer=Wartość musi być liczbą całkowitą.
 value_is_no_truth_value=Wartością musi być tak lub nie.
+value_is_no_logical=„{1}” nie jest wartością {2}. Oczekiwano: tak, nie lub nieznane (yes, no, unknown)
+value_out_of_range=„{1}” nie jest wartością {2}. Oczekiwano: liczba {3}
+value_is_no_time=„{1}” nie jest wartością {2}. Oczekiwano (ISO 8601): {3}
+value_is_no_text=Wartości typu {2} nie można wprowadzić jako tekstu: „{1}”
 unknown_quantity_type=Wybierz rodzaj ilości.
 unknown_unit=Jednostka nie należy do układu SI. Wybierz jednostkę z listy.
+unit_not_of_si=„{1}” nie jest jednostką SI. Podaj wartość w {2}.
 unit_not_of_quantity=Ta jednostka nie mierzy takiej ilości. Wybierz metry kwadratowe dla powierzchni, metry dla długości, metry sześcienne dla objętości, gramy dla masy, sekundy dla czasu, z dowolnym przedrostkiem, a dla liczby sztuk żadnej.
+type_without_unit={2} nie ma jednostki SI, a „{1}” jej nie mierzy.
 unit_missing=Wybierz jednostkę. Aby usunąć jednostkę, usuń właściwość i dodaj ją ponownie.
 
 # Property window
