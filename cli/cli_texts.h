@@ -18,6 +18,11 @@ inline constexpr KeyText kKeyTexts[] = {
     {"could_not_open_file_extension",
      u"This is no extension of an IFC file (.ifc, .ifczip, .ahx|entry):"},
     {"could_not_open_file_write", u"The file could not be written."},
+    {"file_in_use", u"Another program has the file open."},
+    {"file_access_denied", u"Access to the file or its folder is denied."},
+    {"file_folder_missing", u"The folder does not exist."},
+    {"file_disk_full", u"The disk is full."},
+    {"file_other_trouble", u"The system says:"},
     {"unknown_schema_identifier", u"The schema is none of those that can be read:"},
 };
 

@@ -17,10 +17,12 @@ OutpoutFileStream::OutpoutFileStream(std::u16string path, ErrorCallback errors,
     if (!allocateBuffer())
         return;
     file_.reset(platform::openFile(path_, "wb"));
-    if (file_)
+    if (file_) {
         presetAndOpen();
-    else
-        report(errors_, texts::kCouldNotOpenFileKey, std::u16string(texts::kFilePath) + path_);
+        return;
+    }
+    noteError();
+    report(errors_, texts::kCouldNotOpenFileKey, std::u16string(texts::kFilePath) + path_);
 }
 
 void OutpoutFileStream::reopen() {
@@ -28,9 +30,9 @@ void OutpoutFileStream::reopen() {
         return;
     file_.reset(platform::openFile(path_, "ab"));
     if (file_)
-        presetAndOpen();
-    else
-        report(errors_, "", texts::kReopenFailed);
+        return presetAndOpen();
+    noteError();
+    report(errors_, "", texts::kReopenFailed);
 }
 
 void OutpoutFileStream::skipPreset() {
@@ -53,6 +55,8 @@ void OutpoutFileStream::close() {
     const bool written = !hasContent || writeOut(buffered());
     shutAt(keepBack_);
     const int result = std::fclose(file_.release());
+    if (result != 0)
+        noteError();
     if (!written || result != 0)
         failWriting();
     const std::string trace = std::to_string(result) + "\n";
@@ -101,8 +105,11 @@ void OutpoutFileStream::presetAndOpen() {
 /// Hands `bytes` to the system as a whole, so that a full disk shows now and not when the file is
 /// closed.
 bool OutpoutFileStream::writeOut(std::string_view bytes) {
-    return std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) == bytes.size() &&
-           std::fflush(file_.get()) == 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) == bytes.size() &&
+        std::fflush(file_.get()) == 0)
+        return true;
+    noteError();
+    return false;
 }
 
 void OutpoutFileStream::failWriting() {

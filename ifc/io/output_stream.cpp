@@ -37,6 +37,11 @@ void OutpoutStream::write(std::u16string_view text) {
     }
 }
 
+void OutpoutStream::noteError() {
+    if (error_.trouble == platform::FileTrouble::None)
+        error_ = platform::lastFileError();
+}
+
 bool OutpoutStream::allocateBuffer() {
     if (!buffer_)
         buffer_.reset(new (std::nothrow) char[capacity_ + keepBack_ + kMaxReserveBytes]);

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "ifc/io/error_callback.h"
+#include "platform/file_error.h"
 
 namespace FileStream {
 
@@ -87,11 +88,15 @@ public:
     /// Number of failed writes so far; when it is not 0 the file is not what was written and must
     /// not be used.
     std::int32_t failureCount() const { return failureCount_; }
+    /// Why the file could not be had, or the first write failed.
+    const platform::FileError& error() const { return error_; }
 
 protected:
     OutpoutStream(std::u16string path, ErrorCallback errors, std::size_t capacityBytes,
                   std::size_t keepBackBytes);
 
+    /// Remembers what errno tells, the first time.
+    void noteError();
     /// Allocates the buffer, if there is none yet; reports when there is no memory for it.
     bool allocateBuffer();
     /// Opens the way for bytes, from `position` on, or shuts it.
@@ -116,6 +121,7 @@ protected:
     bool open_ = false;
     std::u16string path_;
     ErrorCallback errors_;
+    platform::FileError error_;
 
 private:
     void appendInPieces(std::string_view bytes);

@@ -4,6 +4,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <string>
 #include <utility>
@@ -56,6 +57,7 @@ bool OutputZipFileStream::openArchive(std::u16string_view entryName) {
     zlib_filefunc64_def functions = zipFileFunctions();
     archive_ = zipOpen2_64(archiveName(path_), APPEND_STATUS_CREATE, nullptr, &functions);
     if (!archive_) {
+        noteError();
         report(errors_, "", texts::kCouldNotCreateZip);
         return false;
     }
@@ -83,6 +85,7 @@ void OutputZipFileStream::close() {
     writeOut(buffered());
     shutAt(0);
     entryOpen_ = false;
+    errno = 0;  // which the zip library leaves alone
     const int entryCode = zipCloseFileInZip(archive_);
     const int archiveCode = zipClose(std::exchange(archive_, nullptr), nullptr);
     if (entryCode != ZIP_OK || archiveCode != ZIP_OK)
@@ -117,6 +120,7 @@ OutputZipFileStream::~OutputZipFileStream() {
 
 void OutputZipFileStream::writeOut(std::string_view bytes) {
     bytesPassed_ += bytes.size();
+    errno = 0;  // which the zip library leaves alone
     while (!bytes.empty()) {
         // The zip library takes 32-bit lengths.
         const std::string_view run = bytes.substr(0, kCapacityBytes);
@@ -128,6 +132,7 @@ void OutputZipFileStream::writeOut(std::string_view bytes) {
 }
 
 void OutputZipFileStream::failWriting() {
+    noteError();
     // A full disk stays full: once said, it need not be said again for every further block.
     if (failureCount_++ == 0)
         report(errors_, "", texts::kCouldNotWriteToZip);

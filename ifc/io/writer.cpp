@@ -74,6 +74,15 @@ ModelWriter::ModelWriter(ErrorCallback errors, Progress progress)
     : errors_(std::move(errors)), progress_(std::move(progress)) {}
 
 bool ModelWriter::write(Model& model, const std::u16string& path) {
+    error_ = {};
+    if (writeFile(model, path))
+        return true;
+    if (error_.trouble != platform::FileTrouble::None)
+        report(errors_, platform::textKey(error_.trouble), u"(" + error_.systemText + u")");
+    return false;
+}
+
+bool ModelWriter::writeFile(Model& model, const std::u16string& path) {
     const std::u16string extension = FileStream::extensionOf(path);
     const bool zipped = extension == texts::kIfcZipExtension;
     if (!zipped && extension != texts::kIfcExtension) {
@@ -81,13 +90,10 @@ bool ModelWriter::write(Model& model, const std::u16string& path) {
         return false;
     }
     IncompleteFile file(path);
-    std::unique_ptr<FileStream::OutpoutStream> out;
-    if (file.path().empty()) {
-        report(errors_, texts::kCouldNotOpenFileWriteKey,
-               std::u16string(texts::kWriteFilePath) + path);
-        return false;
-    }
+    if (file.path().empty())
+        return failToWrite(path, platform::lastFileError());
     try {
+        std::unique_ptr<FileStream::OutpoutStream> out;
         if (zipped)
             out = std::make_unique<FileStream::OutputZipFileStream>(
                 file.path(), errors_,
@@ -95,15 +101,13 @@ bool ModelWriter::write(Model& model, const std::u16string& path) {
         else
             out = std::make_unique<FileStream::OutpoutFileStream>(file.path(), errors_,
                                                                   kCapacityBytes, kKeepBackBytes);
-        if (!out->isOpen()) {
-            report(errors_, texts::kCouldNotOpenFileWriteKey,
-                   std::u16string(texts::kWriteFilePath) + path);
-            return false;
-        }
-        if (!writeModel(model, *out))
-            return false;
-        out->close();
-        if (out->failureCount() > 0)
+        if (!out->isOpen())
+            return failToWrite(path, out->error());
+        const bool isWritten = writeModel(model, *out);
+        if (isWritten)
+            out->close();
+        error_ = out->error();
+        if (!isWritten || out->failureCount() > 0)
             return false;
     } catch (const std::bad_alloc&) {
         report(errors_, "", texts::kOutOfMemory);
@@ -112,12 +116,14 @@ bool ModelWriter::write(Model& model, const std::u16string& path) {
         report(errors_, "", widened(fault.what()));
         return false;
     }
-    if (!file.moveToTarget()) {
-        report(errors_, texts::kCouldNotOpenFileWriteKey,
-               std::u16string(texts::kWriteFilePath) + path);
-        return false;
-    }
-    return true;
+    return file.moveToTarget() || failToWrite(path, platform::lastFileError());
+}
+
+/// @return false.
+bool ModelWriter::failToWrite(const std::u16string& path, platform::FileError error) {
+    report(errors_, texts::kCouldNotOpenFileWriteKey, std::u16string(texts::kWriteFilePath) + path);
+    error_ = std::move(error);
+    return false;
 }
 
 bool ModelWriter::writeModel(Model& model, FileStream::OutpoutStream& out) {

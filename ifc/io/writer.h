@@ -5,6 +5,7 @@
 
 #include "ifc/io/error_callback.h"
 #include "ifc/io/token.h"
+#include "platform/file_error.h"
 
 namespace FileStream {
 class OutpoutStream;
@@ -30,16 +31,23 @@ public:
     /// @return whether the file was written.
     bool write(Model& model, const std::u16string& path);
 
+    /// Why the last file was not written, as far as the disk is to blame; reported too, by the key
+    /// of its trouble.
+    const platform::FileError& error() const { return error_; }
+
     /// The instance being written, for reports; 0 otherwise.
     std::int32_t instance() const { return instance_; }
 
 private:
+    bool writeFile(Model& model, const std::u16string& path);
+    bool failToWrite(const std::u16string& path, platform::FileError error);
     bool writeModel(Model& model, FileStream::OutpoutStream& out);
     void writeHeader(Model& model, FileStream::OutpoutStream& out);
     bool writeInstances(Model& model, FileStream::OutpoutStream& out);
 
     ErrorCallback errors_;
     Progress progress_;
+    platform::FileError error_;
     std::int32_t instance_ = 0;
 };
 

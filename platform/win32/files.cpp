@@ -82,6 +82,19 @@ bool hasAny(DWORD attributes, DWORD wanted) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & wanted) != 0;
 }
 
+/// Whether somebody has the file open and lets nobody replace it; Windows refuses that as it does
+/// without the right to. The last error tells so, or is what it was.
+bool isHeldByOthers(std::u16string_view path) {
+    const DWORD before = GetLastError();
+    const Handle file(CreateFileW(wide(unlimited(path)), DELETE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file && GetLastError() == ERROR_SHARING_VIOLATION)
+        return true;
+    SetLastError(before);
+    return false;
+}
+
 }  // namespace
 
 std::FILE* openFile(std::u16string_view path, const char* mode) {
@@ -126,8 +139,8 @@ bool renameOver(std::u16string_view from, std::u16string_view to) {
                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             return true;
         failWithErrno();
-        if (errno != EACCES || attempt == kAttempts)
-            return false;
+        if ((errno != EACCES && errno != EBUSY) || attempt == kAttempts)
+            return isHeldByOthers(to) ? failWithErrno() : false;
         Sleep(kPauseMs);
     }
 }

@@ -175,6 +175,7 @@ TEST(FullDisk, ClosesAPlainStreamWhenItsBufferGoesOut) {
     stream.append(std::string(63, 'x'));
     EXPECT_THROW(stream.put('x'), std::runtime_error);
     EXPECT_FALSE(stream.isOpen());
+    EXPECT_EQ(stream.error().trouble, platform::FileTrouble::DiskFull);
     EXPECT_EQ(stream.failureCount(), 1);
     stream.append(std::string(100, 'x'));
     stream.commit(5);
@@ -211,6 +212,7 @@ TEST(FullDisk, IsReportedByWhateverWritesLast) {
     EXPECT_FALSE(zip.isEof());
     zip.close();
     EXPECT_FALSE(zip.isOpen());
+    EXPECT_EQ(zip.error().trouble, platform::FileTrouble::DiskFull);
     EXPECT_GE(zip.failureCount(), 2);
     EXPECT_EQ(errors.entries, std::vector<std::string>{"|Could not write to zip file"});
 

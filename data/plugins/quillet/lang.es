@@ -93,6 +93,11 @@ error_show_log_question=No se pudo escribir ningún archivo. ¿Desea ver el regi
 could_not_open_file=No se pudo abrir el archivo
 could_not_open_file_extension=No se pueden abrir archivos con esta extensión:
 could_not_open_file_write=No se pudo escribir el archivo.
+file_in_use=Otro programa tiene abierto el archivo.
+file_access_denied=Acceso denegado al archivo o a su carpeta.
+file_folder_missing=La carpeta no existe.
+file_disk_full=El disco está lleno.
+file_other_trouble=El sistema indica:
 unknown_schema_identifier=El esquema no es ninguno de los que se pueden leer:
 
 # Edit-many window

@@ -93,6 +93,11 @@ error_show_log_question=Nie udało się zapisać żadnego pliku. Czy pokazać dz
 could_not_open_file=Nie można otworzyć pliku
 could_not_open_file_extension=Nie można otwierać plików z tym rozszerzeniem:
 could_not_open_file_write=Nie można zapisać pliku.
+file_in_use=Plik jest otwarty w innym programie.
+file_access_denied=Odmowa dostępu do pliku lub jego folderu.
+file_folder_missing=Folder nie istnieje.
+file_disk_full=Dysk jest pełny.
+file_other_trouble=System zgłasza:
 unknown_schema_identifier=Schemat nie należy do tych, które można odczytać:
 
 # Edit-many window

@@ -52,9 +52,11 @@ TEST(FullDisk, KeepsTheFileThatWasThere) {
             ErrorLog log;
             {
                 const FileSizeLimit full(100);
-                EXPECT_FALSE(IFC::ModelWriter(log.callback()).write(read.model(), folder / name));
+                IFC::ModelWriter writer(log.callback());
+                EXPECT_FALSE(writer.write(read.model(), folder / name));
+                EXPECT_EQ(writer.error().trouble, platform::FileTrouble::Other);  // a limit's
             }
-            EXPECT_FALSE(log.entries.empty());
+            EXPECT_TRUE(log.entries.back().starts_with("file_other_trouble|(")) << count;
             EXPECT_EQ(folder.read(name), "before");
         }
         EXPECT_EQ(folder.count(), 2);
