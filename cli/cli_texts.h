@@ -109,6 +109,11 @@ inline constexpr std::string_view kReportedWhileReading = "Reported while readin
 inline constexpr std::string_view kTimes = " x ";
 inline constexpr std::u16string_view kListJoint = u", ";
 
+// psets.
+inline constexpr std::string_view kUnitOfProject = " (the project's)";
+inline constexpr std::u16string_view kPropertySource = u"property";
+inline constexpr std::u16string_view kProjectSource = u"project";
+
 // Help.
 inline constexpr std::string_view kUsage = "usage: ";
 inline constexpr std::string_view kUsageOptions = " [OPTIONS]\n";
@@ -179,7 +184,10 @@ inline constexpr std::string_view kSetsHelp =
     "GUID or instance number (65 or '#65'). A type shows its own sets when it is named. "
     "Properties\n"
     "with several values (enumerated, list, bounded, table, complex, reference) are shown as STEP\n"
-    "text.\n";
+    "text. A value's unit is its own, else the project's for that measure. In JSON a value is a\n"
+    "number, true, false, text (\"unknown\" for a logical that is) or null; \"unitSource\" says "
+    "whose\n"
+    "\"unit\" it is: \"property\" or \"project\".\n";
 inline constexpr std::string_view kSetsExample = "psets house.ifc 2lRHoiKY1zep8VptXbaLxz";
 
 inline constexpr std::string_view kApplySummary = "apply logged edits and write a new model";

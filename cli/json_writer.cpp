@@ -1,5 +1,8 @@
 #include "cli/json_writer.h"
 
+#include <charconv>
+#include <cmath>
+
 #include "cli/printable.h"
 #include "cli/screen.h"
 
@@ -17,6 +20,16 @@ JsonWriter& JsonWriter::key(std::string_view name) {
 void JsonWriter::value(std::u16string_view text) { item(jsonString(text)); }
 
 void JsonWriter::value(std::int64_t number) { item(std::to_string(number)); }
+
+void JsonWriter::value(double number) {
+    if (!std::isfinite(number))
+        return null();
+    char text[32];  // the shortest digits that read back as the same number need up to 24
+    std::string digits(text, std::to_chars(text, text + sizeof text, number).ptr);
+    if (digits.find_first_of(".e") == digits.npos)
+        digits += ".0";
+    item(digits);
+}
 
 void JsonWriter::begin(char bracket) {
     item(std::string_view(&bracket, 1));

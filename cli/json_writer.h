@@ -25,6 +25,10 @@ public:
     JsonWriter& key(std::string_view name);
     void value(std::u16string_view text);
     void value(std::int64_t number);
+    /// With a fraction or an exponent, so that readers see that it is no integer; null for what is
+    /// not finite.
+    void value(double number);
+    void truth(bool truth) { item(truth ? "true" : "false"); }
     void null() { item("null"); }
 
 private:

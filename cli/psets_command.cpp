@@ -13,6 +13,7 @@
 #include "ifc/io/output_text_stream.h"
 #include "ifc/model/attribute_writer.h"
 #include "ifc/model/model.h"
+#include "ifc/model/project_units.h"
 #include "ifc/model/property_queries.h"
 #include "ifc/model/views.h"
 #include "platform/text.h"
@@ -63,7 +64,7 @@ std::string numbered(const IFC::IfcEntity& entity) { return "#" + std::to_string
 
 class TextPrinter {
 public:
-    explicit TextPrinter(Screen& screen) : screen_(screen) {}
+    TextPrinter(Screen& screen, const IFC::ProjectUnits& units) : screen_(screen), units_(units) {}
 
     void begin(const std::u16string&) {}
     void end() {}
@@ -95,8 +96,11 @@ private:
         line += printable(display.single ? display.value : valuesAsStep(*property));
         if (!display.type.empty())
             line += " [" + printable(display.type) + "]";
-        if (!display.unit.empty())
-            line += " " + printable(display.unit);
+        const IFC::CountingUnit unit = IFC::countingUnitOf(property, units_);
+        if (unit.unit)
+            line += " " + printable(IFC::unitLabelOf(unit.unit));
+        if (unit.source == IFC::CountingUnit::Source::Project)
+            line += texts::kUnitOfProject;
         screen_.print(line + "\n");
         if (!display.single)
             for (IFC::IfcEntity* part : walk.partsOf(*property))
@@ -104,11 +108,12 @@ private:
     }
 
     Screen& screen_;
+    const IFC::ProjectUnits& units_;
 };
 
 class JsonPrinter {
 public:
-    explicit JsonPrinter(Screen& screen) : json_(screen) {}
+    JsonPrinter(Screen& screen, const IFC::ProjectUnits& units) : json_(screen), units_(units) {}
 
     void begin(const std::u16string& path) {
         json_.beginObject();
@@ -144,22 +149,46 @@ private:
         json_.endObject();
     }
 
-    void textOrNull(std::string_view key, bool isThere, std::u16string_view text) {
+    void textOrNull(std::string_view key, std::u16string_view text) {
         json_.key(key);
-        if (isThere)
+        if (!text.empty())
             json_.value(text);
         else
             json_.null();
+    }
+
+    /// In the type that JSON has for it. `text` is the value as it is shown elsewhere.
+    void typedValue(const IFC::SimpleValue& value, std::u16string_view text) {
+        if (value.integer && value.integer->present)
+            json_.value(value.integer->value);
+        else if (value.real && value.real->present)
+            json_.value(value.real->value);
+        else if (value.logical && value.logical->present &&
+                 value.logical->index != IFC::Logical::kUnknown)
+            json_.truth(value.logical->index == IFC::Logical::kTrue);
+        else if (!text.empty() || (value.text && value.text->present))
+            json_.value(text);
+        else
+            json_.null();
+    }
+
+    void unit(const IFC::CountingUnit& unit) {
+        textOrNull("unit", IFC::unitLabelOf(unit.unit));
+        if (unit.source != IFC::CountingUnit::Source::None)
+            json_.key("unitSource")
+                .value(unit.source == IFC::CountingUnit::Source::Property ? texts::kPropertySource
+                                                                          : texts::kProjectSource);
     }
 
     void print(IFC::IfcEntity* property, PropertyWalk& walk) {
         const IFC::PropertyDisplay display = IFC::displayOf(property);
         json_.beginObject();
         json_.key("name").value(display.name);
-        textOrNull("type", !display.type.empty(), display.type);
+        textOrNull("type", display.type);
         if (display.single) {
-            textOrNull("value", !display.type.empty(), display.value);
-            textOrNull("unit", !display.unit.empty(), display.unit);
+            json_.key("value");
+            typedValue(IFC::simpleValueOf(property), display.value);
+            unit(IFC::countingUnitOf(property, units_));
         } else {
             json_.key("step").value(valuesAsStep(*property));
             json_.key("parts").beginArray();
@@ -171,6 +200,7 @@ private:
     }
 
     JsonWriter json_;
+    const IFC::ProjectUnits& units_;
 };
 
 /// The objects that the user named, in that order, or all that have sets.
@@ -190,10 +220,11 @@ std::vector<IFC::IfcEntity*> chosenObjects(const Arguments& arguments, ModelFile
 
 /// @return whether all were printed.
 template <class Printer>
-bool printObjects(Screen& screen, const std::u16string& path,
-                  const std::vector<IFC::IfcEntity*>& objects, const ObjectSets& sets) {
-    Printer printer(screen);
-    printer.begin(path);
+bool printObjects(Screen& screen, ModelFile& file, const std::vector<IFC::IfcEntity*>& objects,
+                  const ObjectSets& sets) {
+    const IFC::ProjectUnits units(file.model());
+    Printer printer(screen, units);
+    printer.begin(file.path());
     for (IFC::IfcEntity* object : objects) {
         if (screen.interrupted())
             return false;
@@ -223,8 +254,7 @@ ExitStatus showSets(Session& session) {
         return ExitStatus::NotDone;
     const auto print =
         arguments.has(options::kJson) ? printObjects<JsonPrinter> : printObjects<TextPrinter>;
-    return print(session.screen, file.path(), objects, sets) ? ExitStatus::Done
-                                                             : ExitStatus::NotDone;
+    return print(session.screen, file, objects, sets) ? ExitStatus::Done : ExitStatus::NotDone;
 }
 
 }  // namespace cli

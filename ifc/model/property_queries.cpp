@@ -126,6 +126,14 @@ std::unordered_map<IfcEntity*, std::vector<IfcEntity*>> setsByObject(const Model
     return sets;
 }
 
+SimpleValue simpleValueOf(IfcEntity* property) {
+    if (auto* quantity = dynamic_cast<VQuantityProperty*>(property))
+        return quantity->quantityValue();
+    const auto* single = dynamic_cast<VIfcPropertySingleValue*>(property);
+    auto* value = single ? dynamic_cast<IfcSimpleType*>(single->nominalValue()) : nullptr;
+    return value ? value->value() : SimpleValue();
+}
+
 std::u16string valueText(IfcEntity* value) {
     auto* simple = dynamic_cast<IfcSimpleType*>(value);
     return simple ? simpleText(simple->value()) : std::u16string();

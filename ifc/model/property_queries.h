@@ -38,6 +38,10 @@ std::u16string_view nameOf(IfcEntity* entity);
 /// object's type none.
 std::unordered_map<IfcEntity*, std::vector<IfcEntity*>> setsByObject(const Model& model);
 
+/// The value of a single-value property or a quantity as the model holds it; all null for others
+/// and where there is none. Valid as long as the property's value is not changed.
+SimpleValue simpleValueOf(IfcEntity* property);
+
 /// The value of a defined type as people read it: numbers in their shortest form with a decimal
 /// point, "true", "false", "unknown". Empty for null, for a value that is not present, and for an
 /// aggregate.

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "cli/printable.h"
 #include "cli/reports.h"
 #include "ifc/io/io_texts.h"
@@ -245,7 +247,7 @@ TEST(Psets, AreJsonWithStableKeys) {
                 {
                   "name": "Panes",
                   "type": "IfcInteger",
-                  "value": "3",
+                  "value": 3,
                   "unit": null
                 }
               ]
@@ -270,6 +272,82 @@ TEST(Psets, AreJsonWithStableKeys) {
   ]
 }
 )json");
+}
+
+struct ValueCase {
+    std::string_view record;  // behind the property's name and description
+    std::string_view text;
+    std::string_view json;  // of value, unit and unitSource
+};
+constexpr ValueCase kValues[] = {
+    {"IFCLABEL('0 1'),$", "0 1 [IfcLabel]", R"("0 1",null)"},
+    {"IFCLABEL(''),$", " [IfcLabel]", R"("",null)"},
+    {"$,$", "", "null,null"},
+    {"IFCBOOLEAN(.T.),$", "true [IfcBoolean]", "true,null"},
+    {"IFCLOGICAL(.F.),$", "false [IfcLogical]", "false,null"},
+    {"IFCLOGICAL(.U.),$", "unknown [IfcLogical]", R"("unknown",null)"},
+    {"IFCINTEGER(9007199254740993),$", "9007199254740993 [IfcInteger]", "9007199254740993,null"},
+    {"IFCREAL(1.E-7),$", "1.E-7 [IfcReal]", "1e-07,null"},
+    {"IFCREAL(5.),#7", "5 [IfcReal] m2 (SquareMetre)", R"-(5.0,"m2 (SquareMetre)",property)-"},
+    {"IFCPOSITIVELENGTHMEASURE(2.5),$",
+     "2.5 [IfcPositiveLengthMeasure] mm (MilliMetre) (the "
+     "project's)",
+     R"-(2.5,"mm (MilliMetre)",project)-"},
+    {"IFCLENGTHMEASURE(2.5),#2", "2.5 [IfcLengthMeasure] m (Metre)",
+     R"-(2.5,"m (Metre)",property)-"},
+    {"IFCPLANEANGLEMEASURE(90.),$", "90 [IfcPlaneAngleMeasure] DEGREE (the project's)",
+     R"(90.0,"DEGREE",project)"},
+    {"IFCTHERMALTRANSMITTANCEMEASURE(0.25),$",
+     "0.25 [IfcThermalTransmittanceMeasure] W/(m2\xC2\xB7K) (the project's)",
+     "0.25,\"W/(m2\xC2\xB7K)\",project"},
+    {"IFCMONETARYMEASURE(7.),$", "7 [IfcMonetaryMeasure] EUR (the project's)",
+     R"(7.0,"EUR",project)"},
+    {"IFCRATIOMEASURE(0.5),$", "0.5 [IfcRatioMeasure]", "0.5,null"},
+    {"IFCMASSMEASURE(1.),$", "1 [IfcMassMeasure]", "1.0,null"},  // the project sets none
+};
+
+TEST(Psets, ShowEachValueInItsTypeAndTheUnitThatCounts) {
+    std::string data =
+        "#1=IFCSIUNIT(*,.LENGTHUNIT.,.MILLI.,.METRE.);\n#2=IFCSIUNIT(*,.LENGTHUNIT.,$,.METRE.);\n"
+        "#3=IFCSIUNIT(*,.POWERUNIT.,$,.WATT.);\n"
+        "#4=IFCSIUNIT(*,.THERMODYNAMICTEMPERATUREUNIT.,$,.KELVIN.);\n"
+        "#5=IFCMEASUREWITHUNIT(IFCPLANEANGLEMEASURE(0.0174532925),#6);\n"
+        "#6=IFCSIUNIT(*,.PLANEANGLEUNIT.,$,.RADIAN.);\n"
+        "#7=IFCSIUNIT(*,.AREAUNIT.,$,.SQUARE_METRE.);\n"
+        "#8=IFCDIMENSIONALEXPONENTS(0,0,0,0,0,0,0);\n"
+        "#9=IFCCONVERSIONBASEDUNIT(#8,.PLANEANGLEUNIT.,'DEGREE',#5);\n"
+        "#10=IFCDERIVEDUNITELEMENT(#3,1);\n#11=IFCDERIVEDUNITELEMENT(#2,-2);\n"
+        "#12=IFCDERIVEDUNITELEMENT(#4,-1);\n"
+        "#13=IFCDERIVEDUNIT((#10,#11,#12),.THERMALTRANSMITTANCEUNIT.,$);\n"
+        "#14=IFCMONETARYUNIT('EUR');\n#15=IFCUNITASSIGNMENT((#1,#7,#9,#13,#14));\n"
+        "#16=IFCPROJECT('0000000000000000000016',$,$,$,$,$,$,$,#15);\n"
+        "#17=IFCWALL('0000000000000000000017',$,$,$,$,$,$,$,$);\n"
+        "#18=IFCRELDEFINESBYPROPERTIES('0000000000000000000018',$,$,$,(#17),#19);\n";
+    std::string members;
+    std::string text;
+    std::string json;
+    int number = 20;
+    for (const ValueCase& entry : kValues) {
+        members += (members.empty() ? "#" : ",#") + std::to_string(number);
+        data += "#" + std::to_string(number++) + "=IFCPROPERTYSINGLEVALUE('P',$," +
+                std::string(entry.record) + ");\n";
+        text += "    P = " + std::string(entry.text) + "\n";
+        json += std::string(entry.json) + "\n";
+    }
+    data += "#19=IFCPROPERTYSET('0000000000000000000019',$,'S',$,(" + members + "));\n";
+    const CommandLine line;
+    line.folder.write(u"a.ifc", stepFile(data));
+    const std::string shown = line.run("psets @a.ifc").out;
+    EXPECT_EQ(shown.substr(shown.find("    P")), text);
+
+    std::string values;
+    static const std::regex kValue(
+        R"re("value": (.*),\n *"unit": ([^,\n]*)(,\n *"unitSource": "(.*)")?\n)re");
+    const std::string out = line.run("psets @a.ifc --json").out;
+    for (std::sregex_iterator found(out.begin(), out.end(), kValue), end; found != end; ++found)
+        values += (*found)[1].str() + "," + (*found)[2].str() +
+                  ((*found)[4].matched ? "," + (*found)[4].str() : "") + "\n";
+    EXPECT_EQ(values, json);
 }
 
 TEST(Psets, ShowValuesOfAnyLengthAsStepText) {
